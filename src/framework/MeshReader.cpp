@@ -1,0 +1,124 @@
+#include "framework/MeshReader.h"
+
+#include "stl/STLReader.h"
+
+#include <QDataStream>
+#include <QDebug>
+#include <QFile>
+#include <QFileInfo>
+
+#include <memory>
+#include <new>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isSuffix(QString const& suffix, QLatin1StringView format)
+{
+    return suffix.compare(format, Qt::CaseInsensitive) == 0;
+}
+
+// What an array record may ask for beyond its bytes: a record cut short keeps its zeros, a record that
+// lies about its counts does not cost more than this.
+constexpr qint64 allowedBytes(qint64 fileSize)
+{
+    constexpr qint64 base = 32 * 1024 * 1024;
+    constexpr qint64 bytesForEachByte = 8;
+    return base + bytesForEachByte * fileSize;
+}
+
+bool areCountsCredible(qint32 numVertices, qint32 numIndices, qint64 fileSize)
+{
+    if (numVertices < 0 || numIndices < 0)
+        return false;
+    constexpr qint64 bytesForEachVertex = 2 * 3 * sizeof(float);
+    qint64 const bytes = bytesForEachVertex * numVertices + qint64(sizeof(int)) * numIndices;
+    return bytes <= allowedBytes(fileSize);
+}
+
+template <typename Value>
+void readArray(QDataStream& stream, Value* values, qint64 count)
+{
+    for (qint64 i = 0; i < count; ++i)
+        stream >> values[i];
+}
+
+utility::Optional<geometry::Mesh> resultOf(SurfaceReader const& reader, bool success)
+{
+    return success ? utility::Optional<geometry::Mesh>(reader.getMesh()) : std::nullopt;
+}
+
+} // namespace
+
+bool MeshReader::isPLY(QString const& suffix)
+{
+    return isSuffix(suffix, "ply"_L1);
+}
+
+utility::Optional<geometry::Mesh> MeshReader::read(QString const& path)
+{
+    if (!QFile::exists(path)) {
+        qWarning() << "The file" << path << " does not exist ( MeshReader::read ) ";
+        return {};
+    }
+    std::atomic<bool> const cancel = false;
+    QString const suffix = QFileInfo(path).suffix();
+    if (isSuffix(suffix, "stl"_L1)) {
+        STLReader reader(nullptr, false, {});
+        reader.setFileName(path);
+        return resultOf(reader, reader.read(cancel));
+    }
+    return {};
+}
+
+utility::Optional<geometry::Mesh> MeshReader::read(QByteArray const& data, QString const& fileName)
+{
+    if (data.isEmpty()) {
+        qWarning() << "Empty data for :" << fileName;
+        return {};
+    }
+    std::atomic<bool> const cancel = false;
+    QString const suffix = QFileInfo(fileName).suffix();
+    if (isSuffix(suffix, "stl"_L1)) {
+        STLReader reader(nullptr, false, {});
+        return resultOf(reader, reader.read(data, cancel));
+    }
+    return {};
+}
+
+bool MeshReader::read(QString const& path, int* numVertices, float** vertices, float** normals,
+                      int* numIndices, int** indices)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QDataStream stream(&file);
+    stream.setVersion(QDataStream::Qt_5_15);
+    qint32 vertexCount = 0;
+    qint32 indexCount = 0;
+    stream >> vertexCount >> indexCount;
+    if (!areCountsCredible(vertexCount, indexCount, file.size()))
+        return false;
+
+    qint64 const coordinateCount = 3 * qint64(vertexCount);
+    std::unique_ptr<float[]> positionArray(
+        new (std::nothrow) float[static_cast<std::size_t>(coordinateCount)]);
+    std::unique_ptr<float[]> normalArray(new (std::nothrow) float[static_cast<std::size_t>(coordinateCount)]);
+    std::unique_ptr<int[]> indexArray(new (std::nothrow) int[static_cast<std::size_t>(indexCount)]);
+    if (!positionArray || !normalArray || !indexArray)
+        return false;
+
+    readArray(stream, positionArray.get(), coordinateCount);
+    readArray(stream, normalArray.get(), coordinateCount);
+    readArray(stream, indexArray.get(), indexCount);
+    if (!stream.atEnd())
+        qWarning() << "MeshReader: QDataStream didn't reach end of stream. This might indicate an extraction "
+                      "error!";
+    *numVertices = vertexCount;
+    *numIndices = indexCount;
+    *vertices = positionArray.release();
+    *normals = normalArray.release();
+    *indices = indexArray.release();
+    return true;
+}

@@ -1,0 +1,7 @@
+#include "inhouse/data/PointCloud.h"
+
+namespace geometry {
+
+PointCloud::~PointCloud() = default;
+
+} // namespace geometry

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "inhouse/Export.h"
+#include "inhouse/data/Material.h"
+#include "inhouse/data/Optional.h"
+
+#include <QList>
+#include <QVector3D>
+
+namespace geometry {
+
+/// Points without connectivity, in millimetres.
+class SURFACEIO_INHOUSE_EXPORT PointCloud
+{
+public:
+    PointCloud() = default;
+    PointCloud(PointCloud const&) = default;
+    PointCloud& operator=(PointCloud const&) = default;
+    PointCloud(PointCloud&&) = default;
+    PointCloud& operator=(PointCloud&&) = default;
+    virtual ~PointCloud();
+
+    /// One colour for each point, packed 0xAABBGGRR (red in the lowest byte), or empty.
+    QList<unsigned int>& colors() { return packedColors; }
+    QList<unsigned int> const& colors() const { return packedColors; }
+
+    void setMaterial(Material const& material) { appearance = material; }
+    utility::Optional<Material> const& material() const { return appearance; }
+
+    QList<QVector3D> positions;
+    /// One normal for each point, or empty.
+    QList<QVector3D> normals;
+
+private:
+    QList<unsigned int> packedColors;
+    utility::Optional<Material> appearance;
+};
+
+} // namespace geometry

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QByteArray>
+#include <QIODevice>
+
+#include <algorithm>
+#include <cstring>
+
+namespace support {
+
+/// A random-access device over bytes that hands out at most `chunk` of them a call.
+class TrickleDevice : public QIODevice
+{
+public:
+    explicit TrickleDevice(QByteArray bytes_, qint64 chunk_ = 7)
+        : bytes(std::move(bytes_))
+        , chunk(chunk_)
+    {}
+
+    qint64 size() const override { return bytes.size(); }
+
+protected:
+    qint64 readData(char* target, qint64 maxSize) override
+    {
+        // A random-access QIODevice asks at its own position.
+        qint64 const available = std::max<qint64>(0, bytes.size() - pos());
+        qint64 const count = std::min({maxSize, chunk, available});
+        if (count > 0)
+            std::memcpy(target, bytes.constData() + pos(), static_cast<std::size_t>(count));
+        return count == 0 && maxSize > 0 ? -1 : count;
+    }
+    qint64 writeData(char const*, qint64) override { return -1; }
+
+private:
+    QByteArray bytes;
+    qint64 chunk;
+};
+
+/// A sequential device over bytes, as a pipe or socket is: no size, no seeking.
+class SequentialDevice : public QIODevice
+{
+public:
+    explicit SequentialDevice(QByteArray bytes_, qint64 chunk_ = 4096)
+        : bytes(std::move(bytes_))
+        , chunk(chunk_)
+    {}
+
+    bool isSequential() const override { return true; }
+    qint64 bytesAvailable() const override { return bytes.size() - next + QIODevice::bytesAvailable(); }
+
+protected:
+    qint64 readData(char* target, qint64 maxSize) override
+    {
+        qint64 const count = std::min({maxSize, chunk, qint64(bytes.size()) - next});
+        if (count > 0)
+            std::memcpy(target, bytes.constData() + next, static_cast<std::size_t>(count));
+        next += count;
+        return count == 0 && maxSize > 0 ? -1 : count;
+    }
+    qint64 writeData(char const*, qint64) override { return -1; }
+
+private:
+    QByteArray bytes;
+    qint64 chunk;
+    qint64 next = 0;
+};
+
+} // namespace support
