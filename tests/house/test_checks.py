@@ -1,0 +1,72 @@
+#!/usr/bin/env python3
+"""The checks of this folder find what they are there for."""
+import pathlib
+import sys
+import tempfile
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+import check_includes  # noqa: E402
+import check_sources  # noqa: E402
+
+
+def tree(folder, files):
+    root = pathlib.Path(folder)
+    for name, includes in files.items():
+        (root / name).parent.mkdir(parents=True, exist_ok=True)
+        (root / name).write_text("".join(f'#include "{i}"\n' for i in includes), encoding="utf-8")
+    return root
+
+
+class Includes(unittest.TestCase):
+    def verdict(self, files):
+        with tempfile.TemporaryDirectory() as folder:
+            return check_includes.main(tree(folder, files))
+
+    def test_downwards(self):
+        self.assertEqual(self.verdict({"scene/A.h": ["stl/B.h"], "stl/B.h": ["framework/C.h"],
+                                       "framework/C.h": ["inhouse/data/D.h"], "inhouse/data/D.h": []}), 0)
+
+    def test_upwards(self):
+        self.assertEqual(self.verdict({"framework/C.h": ["stl/B.h"], "stl/B.h": []}), 1)
+        self.assertEqual(self.verdict({"inhouse/data/D.h": ["framework/C.h"], "framework/C.h": []}), 1)
+
+    def test_sibling(self):
+        self.assertEqual(self.verdict({"ply/A.cpp": ["stl/B.h"], "stl/B.h": []}), 1)
+
+    def test_facade(self):
+        self.assertEqual(self.verdict({"framework/MeshReader.cpp": ["stl/B.h"], "stl/B.h": []}), 0)
+        self.assertEqual(self.verdict({"framework/MeshReader.h": ["stl/B.h"], "stl/B.h": []}), 1)
+
+    def test_cycle(self):
+        self.assertEqual(self.verdict({"stl/A.h": ["stl/B.h"], "stl/B.h": ["stl/A.h"]}), 1)
+
+    def test_nothing(self):
+        self.assertEqual(self.verdict({}), 1)
+
+
+class Sources(unittest.TestCase):
+    def hits(self, text, patterns):
+        with tempfile.TemporaryDirectory() as folder:
+            root = pathlib.Path(folder)
+            (root / "src").mkdir()
+            (root / "src" / "a.cpp").write_text(text, encoding="utf-8")
+            saved, check_sources.ROOT = check_sources.ROOT, root
+            try:
+                return len(check_sources.find(["src"], patterns, "why"))
+            finally:
+                check_sources.ROOT = saved
+
+    def test_locale(self):
+        for text in ("strtod(a, b);", "std::stof(a);", "printf(\"%f\", x);", "QLocale().toFloat(a);"):
+            self.assertEqual(self.hits(text, check_sources.LOCALE), 1, text)
+        for text in ("std::from_chars(a, b, c);", "text.toFloat(&ok);", "QLocale::c()", "// printf(x)"):
+            self.assertEqual(self.hits(text, check_sources.LOCALE), 0, text)
+
+    def test_process(self):
+        self.assertEqual(self.hits("std::thread t;", check_sources.PROCESS), 1)
+        self.assertEqual(self.hits("thread_local int a;", check_sources.PROCESS), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
