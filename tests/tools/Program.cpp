@@ -1,0 +1,59 @@
+#include "Program.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QRegularExpression>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace support {
+
+namespace {
+
+constexpr int patienceInMs = 60'000;
+constexpr char const* programPath = SURFACEIO_PROGRAM;
+
+Outcome run(QString const& command, QStringList const& arguments, QString const& folder)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"SURFACEIO"_s, QString::fromLocal8Bit(programPath));
+    environment.remove(u"NO_COLOR"_s);
+    process.setProcessEnvironment(environment);
+    if (!folder.isEmpty())
+        process.setWorkingDirectory(folder);
+    process.start(command, arguments);
+    process.closeWriteChannel();
+    bool const ended = process.waitForFinished(patienceInMs) && process.exitStatus() == QProcess::NormalExit;
+    if (!ended)
+        process.kill();
+    return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+} // namespace
+
+Outcome runProgram(QStringList const& arguments, QString const& folder)
+{
+    return run(QString::fromLocal8Bit(programPath), arguments, folder);
+}
+
+Outcome runShell(QString const& command, QString const& folder)
+{
+    return run(u"/bin/sh"_s, {u"-c"_s, command}, folder);
+}
+
+bool verify(Outcome const& outcome, int exitCode, QByteArray const& standardOutput,
+            QString const& standardErrorPattern)
+{
+    QRegularExpression const pattern(QRegularExpression::anchoredPattern(standardErrorPattern),
+                                     QRegularExpression::DotMatchesEverythingOption);
+    QString const error = QString::fromUtf8(outcome.standardError);
+    return QTest::qCompare(error, pattern.match(error).hasMatch() ? error : standardErrorPattern, "stderr",
+                           "pattern", __FILE__, __LINE__) &&
+           QTest::qCompare(outcome.standardOutput, standardOutput, "stdout", "expected", __FILE__,
+                           __LINE__) &&
+           QTest::qCompare(outcome.exitCode, exitCode, "exit code", "expected", __FILE__, __LINE__);
+}
+
+} // namespace support

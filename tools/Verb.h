@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Console.h"
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
+
+namespace tool {
+
+/// One verb of the program. Each has a file of its own in verbs/ and a row in main.cpp.
+struct Verb
+{
+    /// What a verb does once the command line has been read.
+    using Action = std::function<ExitCode(Console&)>;
+
+    char const* name;
+    /// What it is for, in one sentence. Its help begins with it.
+    char const* purpose;
+    /// Two commands, one a line, that show it at work.
+    char const* examples;
+    /// Adds the verb's options; the action keeps what they are stored in.
+    Action (*setUp)(CLI::App& options);
+};
+
+extern Verb const infoVerb;
+
+} // namespace tool

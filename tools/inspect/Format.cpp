@@ -1,0 +1,94 @@
+#include "inspect/Formats.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+struct Recognition
+{
+    Format const* format = nullptr;
+    QString how;
+};
+
+Recognition recognise(Source const& source)
+{
+    for (Format const& format : formats()) {
+        if (QString const how = format.recognise(source); !how.isEmpty())
+            return {&format, how};
+    }
+    for (Format const& format : formats()) {
+        if (hasSuffix(format, source.path))
+            return {&format, u"by its suffix only"_s};
+    }
+    return {};
+}
+
+QString whyNotRegular(QFileInfo const& file)
+{
+    if (file.isSymLink() && !file.exists())
+        return u"expected a file, found a link to \"%1\", which does not exist"_s.arg(file.symLinkTarget());
+    if (!file.exists())
+        return u"there is no such file"_s;
+    if (file.isDir())
+        return u"expected a file, found a folder"_s;
+    if (!file.isFile())
+        return u"expected a regular file, found a pipe, socket or device"_s;
+    return {};
+}
+
+std::optional<Source> open(QString const& path, Inspection& inspection)
+{
+    if (QString const reason = whyNotRegular(QFileInfo(path)); !reason.isEmpty()) {
+        inspection.fail(ExitCode::ReadOrWriteFailed, reason);
+        return {};
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString());
+        return {};
+    }
+    return Source{path, file.size(), file.read(Source::headBytes)};
+}
+
+} // namespace
+
+void Inspection::fail(ExitCode code_, QString const& problem_)
+{
+    code = code_;
+    problem = problem_;
+}
+
+bool hasSuffix(Format const& format, QString const& path)
+{
+    QString const suffix = QFileInfo(path).suffix().toLower();
+    return QString(format.suffixes).split(u' ', Qt::SkipEmptyParts).contains(suffix);
+}
+
+Inspection inspectFile(QString const& path)
+{
+    Inspection inspection;
+    inspection.report.add("path"_L1, {}, path);
+    std::optional<Source> const source = open(path, inspection);
+    if (!source)
+        return inspection;
+    Recognition const recognition = recognise(*source);
+    if (recognition.format == nullptr) {
+        inspection.report.add("bytes"_L1, u"size in bytes"_s, source->size);
+        inspection.fail(ExitCode::Unsupported,
+                        u"neither the content nor the suffix is that of a format known here"_s);
+        return inspection;
+    }
+    inspection.report.add("format"_L1, u"format"_s, recognition.format->title);
+    inspection.report.add("formatName"_L1, {}, recognition.format->name);
+    inspection.report.add("recognisedBy"_L1, u"recognised"_s, recognition.how);
+    inspection.report.add("bytes"_L1, u"size in bytes"_s, source->size);
+    recognition.format->inspect(*source, inspection);
+    return inspection;
+}
+
+} // namespace tool

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Console.h"
+#include "Report.h"
+
+#include <QByteArrayView>
+
+#include <optional>
+#include <span>
+
+namespace tool {
+
+/// A file that is to be looked at: an existing regular file that could be opened.
+struct Source
+{
+    QString path;
+    qint64 size = 0;
+    /// The first bytes of the file, `headBytes` of them or all that there are.
+    QByteArray head;
+
+    static constexpr qint64 headBytes = 65536;
+};
+
+/// What was found out about a file.
+struct Inspection
+{
+    /// Filled as far as the file could be understood.
+    Report report;
+    ExitCode code = ExitCode::Ok;
+    /// When `code` is not `Ok`: what was expected, what was found, and where.
+    QString problem;
+
+    void fail(ExitCode code, QString const& problem);
+};
+
+/// One file format, as a row of the table in Formats.cpp.
+struct Format
+{
+    /// Its name for programs: lower case, one word.
+    QLatin1StringView name;
+    /// Its name for people.
+    QLatin1StringView title;
+    /// Suffixes of its files, separated by spaces.
+    QLatin1StringView suffixes;
+    /// How the content shows that it is of this format; empty when it does not.
+    QString (*recognise)(Source const& source);
+    /// Looks into a file that was recognised, or that has one of the suffixes.
+    void (*inspect)(Source const& source, Inspection& inspection);
+};
+
+/// All formats; a file belongs to the first that recognises it.
+std::span<Format const> formats();
+
+bool hasSuffix(Format const& format, QString const& path);
+
+/// Opens and recognises the file at `path`, and has it inspected. Never waits on a pipe or a device.
+Inspection inspectFile(QString const& path);
+
+} // namespace tool

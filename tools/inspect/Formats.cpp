@@ -1,0 +1,12 @@
+#include "inspect/Formats.h"
+
+namespace tool {
+
+std::span<Format const> formats()
+{
+    // Formats with an unmistakable beginning go first.
+    static std::array const table = {stlFormat};
+    return table;
+}
+
+} // namespace tool

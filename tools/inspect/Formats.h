@@ -1,0 +1,10 @@
+#pragma once
+
+#include "inspect/Format.h"
+
+namespace tool {
+
+// One inspector for each format, in a file of its own.
+extern Format const stlFormat;
+
+} // namespace tool

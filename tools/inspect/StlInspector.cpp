@@ -1,0 +1,142 @@
+#include "inspect/Formats.h"
+#include "inspect/MetadataRecord.h"
+#include "inspect/StlBinary.h"
+#include "inspect/StlText.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+bool hasBinarySize(Source const& source)
+{
+    return source.size >= stl::prefixBytes && source.size == stl::fileBytes(stl::claimedFacets(source.head));
+}
+
+QString recognise(Source const& source)
+{
+    if (stl::isReadAsText(source.head))
+        return u"by its first line, which starts with \"solid\""_s;
+    if (hasBinarySize(source))
+        return u"by its size, which is that of the %1 facets it claims"_s.arg(
+            stl::claimedFacets(source.head));
+    return {};
+}
+
+void addCounts(Report& report, qint64 facets, qint64 vertices)
+{
+    Report& inFile = report.section("inFile"_L1, u"in the file"_s);
+    inFile.add("facets"_L1, u"facets"_s, facets);
+    inFile.add("vertices"_L1, u"vertices"_s, vertices);
+}
+
+void addTags(Report& report, stl::Contents const& contents)
+{
+    Table table;
+    table.columns = {{"tag"_L1, u"tag"_s},
+                     {"subTag"_L1, u"subTag"_s},
+                     {"facets"_L1, u"facets"_s},
+                     {"area"_L1, u"area (mm²)"_s}};
+    for (auto const& [tag, tagged] : contents.tags)
+        table.rows.push_back({tag.tag, tag.subTag, tagged.facets, tagged.area});
+    QString const label = table.rows.empty() ? QString() : u"tags"_s;
+    report.add("tags"_L1, label, std::move(table));
+}
+
+void addHeader(Report& report, QByteArray const& header)
+{
+    std::optional<MeshHeader> const metadata = decodeMetadataRecord(header);
+    QString text;
+    if (!metadata)
+        text = QString::fromLatin1(header.constData(),
+                                   qsizetype(qstrnlen(header.constData(), size_t(header.size()))))
+                   .trimmed();
+    report.add("header"_L1, text.isEmpty() ? QString() : u"header"_s, text);
+    addMetadata(report, metadata);
+}
+
+void failBinarySize(Source const& source, Inspection& inspection)
+{
+    if (source.size < stl::prefixBytes) {
+        inspection.fail(
+            ExitCode::Malformed,
+            u"expected a header of 80 bytes and a facet count of 4, found %1 bytes"_s.arg(source.size));
+        return;
+    }
+    qint64 const claimed = stl::claimedFacets(source.head);
+    qint64 const held = (source.size - stl::prefixBytes) / stl::facetBytes;
+    inspection.fail(
+        ExitCode::Malformed,
+        u"the header says %1 facets = %2 bytes, the file holds %3 bytes, room for %4 facets"_s.arg(claimed)
+            .arg(stl::fileBytes(claimed))
+            .arg(source.size)
+            .arg(held));
+}
+
+void inspectBinary(Source const& source, Inspection& inspection)
+{
+    inspection.report.add("encoding"_L1, u"encoding"_s, "binary"_L1);
+    if (!hasBinarySize(source)) {
+        failBinarySize(source, inspection);
+        return;
+    }
+    QFile file(source.path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString());
+        return;
+    }
+    stl::Contents const contents = stl::contentsOf(file, stl::claimedFacets(source.head));
+    addCounts(inspection.report, contents.facets, 3 * contents.facets);
+    contents.bounds.addTo(inspection.report);
+    addHeader(inspection.report, source.head.left(stl::headerBytes));
+    addTags(inspection.report, contents);
+}
+
+void failNoVertices(Source const& source, Inspection& inspection)
+{
+    if (hasBinarySize(source))
+        inspection.fail(
+            ExitCode::Unsupported,
+            u"a binary STL of %1 facets whose header begins with \"solid\": such a file is read as "
+            "text, and as text it holds no vertices"_s.arg(stl::claimedFacets(source.head)));
+    else if (source.head.contains('\0'))
+        inspection.fail(ExitCode::Malformed,
+                        u"begins with \"solid\" as text does, but holds binary data whose size is "
+                        "not that of the facets it claims"_s);
+    else
+        inspection.fail(ExitCode::Malformed, u"expected lines that begin with \"vertex\", found none"_s);
+}
+
+void inspectText(Source const& source, Inspection& inspection)
+{
+    inspection.report.add("encoding"_L1, u"encoding"_s, "ascii"_L1);
+    QFile file(source.path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString());
+        return;
+    }
+    stl::TextContents const contents = stl::textContentsOf(file);
+    addCounts(inspection.report, contents.vertices / 3, contents.vertices);
+    contents.bounds.addTo(inspection.report);
+    if (!contents.problem.isEmpty())
+        inspection.fail(ExitCode::Malformed, contents.problem);
+    else if (contents.vertices == 0)
+        failNoVertices(source, inspection);
+}
+
+void inspect(Source const& source, Inspection& inspection)
+{
+    if (stl::isReadAsText(source.head))
+        inspectText(source, inspection);
+    else
+        inspectBinary(source, inspection);
+}
+
+} // namespace
+
+Format const stlFormat = {"stl"_L1, "STL"_L1, "stl"_L1, recognise, inspect};
+
+} // namespace tool

@@ -1,0 +1,161 @@
+#include "Console.h"
+#include "LibraryLog.h"
+#include "Verb.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <csignal>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+using namespace tool;
+
+// One row for each verb, in the order of the help.
+constexpr std::array verbs = {&infoVerb};
+
+struct CommonOptions
+{
+    bool quiet = false;
+    bool verbose = false;
+    bool strict = false;
+    std::string colour = "auto";
+};
+
+#ifdef Q_OS_UNIX
+// A standard stream that the caller closed would lend its number to the next file that is opened, and our
+// messages would end up in a scan. Opened the wrong way round, every use of it still fails.
+void occupyStandardStreams()
+{
+    for (int const stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) == -1)
+            static_cast<void>(open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY));
+    }
+}
+#endif
+
+void prepareProcess()
+{
+#ifdef Q_OS_UNIX
+    occupyStandardStreams();
+    // A reader that goes away is seen as a failed write.
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
+}
+
+void addCommonOptions(CLI::App& verb, CommonOptions& common)
+{
+    constexpr char const* group = "Options of every verb";
+    verb.add_flag("-q,--quiet", common.quiet, "Show failures only, no warnings")->group(group);
+    verb.add_flag("-v,--verbose", common.verbose, "Show more of what is done, on stderr")->group(group);
+    verb.add_flag("--strict", common.strict, "Exit with 5 when all went well but for warnings")->group(group);
+    verb.add_option("--color", common.colour, "Colour messages: auto, always or never")
+        ->check(CLI::IsMember(std::vector<std::string>{"auto", "always", "never"}).description(""))
+        ->type_name("WHEN")
+        ->group(group);
+}
+
+Console::Colour colourNamed(std::string const& name)
+{
+    if (name == "always")
+        return Console::Colour::Always;
+    return name == "never" ? Console::Colour::Never : Console::Colour::Auto;
+}
+
+Verb::Action addVerb(CLI::App& program, Verb const& verb, CommonOptions& common)
+{
+    std::string const description = std::string(verb.purpose) + "\n\nExamples:\n" + verb.examples;
+    CLI::App* const options = program.add_subcommand(verb.name, description);
+    Verb::Action action = verb.setUp(*options);
+    addCommonOptions(*options, common);
+    return action;
+}
+
+// Verbs are listed with the first sentence of their description only.
+class HelpFormatter : public CLI::Formatter
+{
+    std::string make_subcommand(CLI::App const* sub) const override
+    {
+        std::string const description = sub->get_description();
+        std::stringstream line;
+        CLI::detail::format_help(line, sub->get_name(), description.substr(0, description.find('\n')),
+                                 column_width_);
+        return line.str();
+    }
+};
+
+std::vector<std::string> reversedArguments()
+{
+    std::vector<std::string> arguments;
+    for (QString const& argument : QCoreApplication::arguments().mid(1))
+        arguments.push_back(argument.toStdString());
+    std::reverse(arguments.begin(), arguments.end());
+    return arguments;
+}
+
+ExitCode usageError(CLI::App const& program, CLI::ParseError const& error, Console& console)
+{
+    QString command = QStringLiteral("surfaceio");
+    for (CLI::App const* verb : program.get_subcommands())
+        command += u' ' + QString::fromStdString(verb->get_name());
+    console.failure(QString::fromStdString(error.what()));
+    console.failure(QStringLiteral("see \"%1 --help\"").arg(command));
+    return ExitCode::Usage;
+}
+
+ExitCode run(Verb::Action const& action, CommonOptions const& common, Console& console)
+{
+    console.setQuiet(common.quiet);
+    console.setVerbose(common.verbose);
+    console.setColour(colourNamed(common.colour));
+    LogToConsole const log(console);
+    ExitCode const code = action(console);
+    bool const isSpoilt = code == ExitCode::Ok && common.strict && console.warningCount() > 0;
+    return isSpoilt ? ExitCode::WarningsUnderStrict : code;
+}
+
+ExitCode parseAndRun(Console& console)
+{
+    CLI::App program("Looks at, checks and converts surface meshes of dental and maxillofacial scans.");
+    program.name("surfaceio");
+    program.set_version_flag("--version", "surfaceio " SURFACEIO_VERSION);
+    program.formatter(std::make_shared<HelpFormatter>());
+    program.require_subcommand(1);
+    CommonOptions common;
+    std::map<std::string, Verb::Action> actions;
+    for (Verb const* verb : verbs)
+        actions[verb->name] = addVerb(program, *verb, common);
+    try {
+        program.parse(reversedArguments());
+    } catch (CLI::Success const& help) { // --help and --version
+        std::stringstream text;
+        program.exit(help, text, text);
+        console.result(QString::fromStdString(text.str()));
+        return ExitCode::Ok;
+    } catch (CLI::ParseError const& error) {
+        return usageError(program, error, console);
+    }
+    return run(actions.at(program.get_subcommands().front()->get_name()), common, console);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    prepareProcess();
+    QCoreApplication const application(argc, argv);
+    Console console;
+    ExitCode code = parseAndRun(console);
+    if (!console.finish() && code == ExitCode::Ok) {
+        console.failure(QStringLiteral("the results could not be written to the standard output"));
+        code = ExitCode::ReadOrWriteFailed;
+    }
+    return static_cast<int>(code);
+}
