@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <atomic>
 #include <memory>
 #include <new>
 
@@ -37,11 +38,14 @@ bool areCountsCredible(qint32 numVertices, qint32 numIndices, qint64 fileSize)
     return bytes <= allowedBytes(fileSize);
 }
 
+// Null when there is no memory for it.
 template <typename Value>
-void readArray(QDataStream& stream, Value* values, qint64 count)
+std::unique_ptr<Value[]> readArray(QDataStream& stream, qint64 count)
 {
-    for (qint64 i = 0; i < count; ++i)
-        stream >> values[i];
+    std::unique_ptr<Value[]> values(new (std::nothrow) Value[static_cast<std::size_t>(count)]);
+    for (qint64 i = 0; values && i < count; ++i)
+        stream >> values[static_cast<std::size_t>(i)];
+    return values;
 }
 
 utility::Optional<geometry::Mesh> resultOf(SurfaceReader const& reader, bool success)
@@ -102,16 +106,11 @@ bool MeshReader::read(QString const& path, int* numVertices, float** vertices, f
         return false;
 
     qint64 const coordinateCount = 3 * qint64(vertexCount);
-    std::unique_ptr<float[]> positionArray(
-        new (std::nothrow) float[static_cast<std::size_t>(coordinateCount)]);
-    std::unique_ptr<float[]> normalArray(new (std::nothrow) float[static_cast<std::size_t>(coordinateCount)]);
-    std::unique_ptr<int[]> indexArray(new (std::nothrow) int[static_cast<std::size_t>(indexCount)]);
+    auto positionArray = readArray<float>(stream, coordinateCount);
+    auto normalArray = readArray<float>(stream, coordinateCount);
+    auto indexArray = readArray<int>(stream, indexCount);
     if (!positionArray || !normalArray || !indexArray)
         return false;
-
-    readArray(stream, positionArray.get(), coordinateCount);
-    readArray(stream, normalArray.get(), coordinateCount);
-    readArray(stream, indexArray.get(), indexCount);
     if (!stream.atEnd())
         qWarning() << "MeshReader: QDataStream didn't reach end of stream. This might indicate an extraction "
                       "error!";

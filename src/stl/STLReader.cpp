@@ -1,0 +1,202 @@
+#include "stl/STLReader.h"
+
+#include "stl/STLCleaning.h"
+#include "stl/STLFacets.h"
+#include "stl/STLLayout.h"
+#include "stl/STLSurfaceCreator.h"
+
+#include <QDataStream>
+#include <QFile>
+#include <QTextStream>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto asciiStart = "solid"_L1;
+constexpr auto vertexKeyword = "vertex"_L1;
+constexpr qsizetype verticesPerTriangle = 3;
+constexpr int restart = -1;
+
+bool isAscii(QTextStream& stream)
+{
+    return QStringView(stream.readLine()).trimmed().startsWith(asciiStart);
+}
+
+void setBinaryStl(QDataStream& stream)
+{
+    stream.setVersion(QDataStream::Qt_5_15);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
+}
+
+// A device too short for the count is asked for nothing, as Qt logs a seek beyond its end.
+std::optional<quint32> readCount(QDataStream& stream, qint64 size)
+{
+    quint32 count = 0;
+    if (size < stl::firstFacetOffset || !stl::seekTo(stream.device(), stl::headerBytes))
+        return {};
+    stream >> count;
+    return count;
+}
+
+std::optional<QVector3D> parseVertex(QStringView line)
+{
+    QVector3D vertex;
+    int piece = 0;
+    for (QStringView const text : line.tokenize(u' ', Qt::SkipEmptyParts)) {
+        // The first is the keyword, or what stands before it.
+        if (piece > 0) {
+            bool isNumber = false;
+            vertex[piece - 1] = text.toFloat(&isNumber);
+            if (!isNumber)
+                return {};
+        }
+        if (++piece > 3)
+            return vertex;
+    }
+    return {};
+}
+
+void appendVertex(geometry::Mesh& mesh, QVector3D const& vertex)
+{
+    qsizetype const count = mesh.vertices.size();
+    mesh.indices.append(static_cast<int>(count));
+    if ((count + 1) % verticesPerTriangle == 0)
+        mesh.indices.append(restart);
+    mesh.vertices.append(vertex);
+}
+
+} // namespace
+
+STLReader::STLReader(STLTagHandler const* tagHandler, bool sharpEdges_, QString const& fileName_)
+    : SurfaceReader(sharpEdges_)
+    , surfaceCreator(std::make_unique<STLSurfaceCreator>(tagHandler, sharpEdges_))
+{
+    STLReader::setFileName(fileName_);
+}
+
+STLReader::~STLReader() = default;
+
+bool STLReader::read(std::atomic<bool> const& cancel)
+{
+    if (fileName.isEmpty())
+        return false;
+    QFile file(fileName);
+    return read(&file, cancel);
+}
+
+bool STLReader::read(QIODevice* device, std::atomic<bool> const& cancel)
+{
+    if (!device || !device->open(QIODevice::ReadOnly))
+        return false;
+    QTextStream text(device);
+    if (isAscii(text))
+        return readAscii(text, cancel);
+    // What the text stream has buffered is lost to a device that cannot go back.
+    if (device->isSequential())
+        return false;
+    device->reset();
+    QDataStream stream(device);
+    setBinaryStl(stream);
+    return readFacets(stream, device->size(), cancel);
+}
+
+bool STLReader::read(QByteArray const& data, std::atomic<bool> const& cancel)
+{
+    if (data.isNull())
+        return false;
+    QTextStream text(data, QIODevice::ReadOnly);
+    if (isAscii(text))
+        return readAscii(text, cancel);
+    QDataStream stream(data);
+    setBinaryStl(stream);
+    std::atomic<bool> const never = false;
+    return readFacets(stream, data.size(), never);
+}
+
+bool STLReader::isValidStlFile(QByteArray const& data)
+{
+    QDataStream stream(data);
+    setBinaryStl(stream);
+    std::optional<quint32> const count = readCount(stream, data.size());
+    return count && data.size() == static_cast<qint32>(stl::fileBytes(*count));
+}
+
+geometry::Mesh const& STLReader::getMesh() const
+{
+    STLSurfaceData const* const surface = getSTLSurfaceDataSet();
+    return surface ? surface->getMesh() : SurfaceReader::getMesh();
+}
+
+QMatrix4x4 const& STLReader::getTransform() const
+{
+    STLSurfaceData const* const surface = getSTLSurfaceDataSet();
+    return surface ? surface->getTransform() : SurfaceReader::getTransform();
+}
+
+QList<STLSurfaceData*> STLReader::takeSTLSurfaceDataSets() const
+{
+    return surfaceCreator->takeSTLSurfaceData();
+}
+
+bool STLReader::readAscii(QTextStream& stream, std::atomic<bool> const& cancel)
+{
+    geometry::Mesh result;
+    QString line;
+    // A device may deny its end and still give nothing.
+    while (!stream.atEnd() && stream.readLineInto(&line)) {
+        if (cancel) {
+            cleanSTLData();
+            return false;
+        }
+        if (!QStringView(line).trimmed().startsWith(vertexKeyword))
+            continue;
+        std::optional<QVector3D> const vertex = parseVertex(line);
+        if (!vertex)
+            return false;
+        appendVertex(result, *vertex);
+    }
+    if (result.vertices.size() % verticesPerTriangle != 0)
+        return false;
+    mesh = result;
+    cleanSTLData();
+    return computeNormals(cancel);
+}
+
+bool STLReader::readBinary(QDataStream& stream, int const& size, std::atomic<bool> const& cancel)
+{
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    return readFacets(stream, size, cancel);
+}
+
+bool STLReader::readFacets(QDataStream& stream, qint64 size, std::atomic<bool> const& cancel)
+{
+    if (cancel)
+        return false;
+    std::optional<quint32> const count = readCount(stream, size);
+    if (!count)
+        return false;
+    quint32 const dataSize = stl::fileBytes(*count);
+    if (dataSize != static_cast<quint32>(size))
+        return false;
+    STLDataFormat const format = {stl::firstVertexOffset, static_cast<int>(dataSize),
+                                  static_cast<int>(*count), stl::vertexBlockBytes, stl::facetBytes};
+    surfaceCreator->read(stream, format, cancel);
+    return true;
+}
+
+void STLReader::cleanSTLData()
+{
+    std::atomic<bool> const cancel = false;
+    stl::cleanMesh(mesh, mesh.getNumVertices() / static_cast<int>(verticesPerTriangle), cancel);
+}
+
+STLSurfaceData* STLReader::getSTLSurfaceDataSet() const
+{
+    QList<STLSurfaceData*> const surfaces = surfaceCreator->getSTLSurfaceData();
+    return surfaces.isEmpty() ? nullptr : surfaces.first();
+}

@@ -1,0 +1,263 @@
+#include "stl/STLSurfaceCreator.h"
+
+#include "inhouse/data/Conversions.h"
+#include "inhouse/meshoperations/NormalsCalculator.h"
+#include "stl/STLCleaning.h"
+#include "stl/STLFacets.h"
+#include "stl/STLLayout.h"
+#include "stl/STLTagHandler.h"
+
+#include <QDataStream>
+#include <QIODevice>
+
+#include <algorithm>
+#include <array>
+#include <new>
+
+namespace {
+
+constexpr float sharpEdgeThreshold = 0.5f;
+constexpr int verticesPerTriangle = 3;
+constexpr int coordinatesPerVertex = 3;
+constexpr int coordinatesPerTriangle = verticesPerTriangle * coordinatesPerVertex;
+constexpr int restart = -1;
+
+using Tag = std::pair<int, int>;
+constexpr int untagged = 0;
+constexpr int none = -1;
+
+// Bytes that the device lacks stay 0, as those of a coordinate do.
+struct AttributeWord
+{
+    std::array<char, stl::attributeBytes> bytes = {};
+    bool isComplete = false;
+
+    Tag tag() const { return {static_cast<unsigned char>(bytes[1]), static_cast<signed char>(bytes[0])}; }
+};
+
+AttributeWord readAttributeWord(QDataStream& stream, qint64 position)
+{
+    AttributeWord word;
+    if (stl::seekTo(stream.device(), position))
+        word.isComplete = stream.readRawData(word.bytes.data(), stl::attributeBytes) == stl::attributeBytes;
+    return word;
+}
+
+// In place, as a tag may come back in every second facet: copying the mesh for each run would take
+// quadratic time.
+void appendMesh(geometry::Mesh& mesh, geometry::Mesh const& more)
+{
+    int const shift = mesh.getNumVertices();
+    mesh.vertices.append(more.vertices);
+    for (int const index : more.indices)
+        mesh.indices.append(index < 0 ? index : index + shift);
+}
+
+} // namespace
+
+STLSurfaceCreator::STLSurfaceCreator(STLTagHandler const* tagHandler_, bool sharpEdges_)
+    : tagHandler(tagHandler_)
+    , sharpEdges(sharpEdges_)
+{}
+
+STLSurfaceCreator::~STLSurfaceCreator()
+{
+    removeSurfaceData();
+}
+
+void STLSurfaceCreator::read(QDataStream& stream, STLDataFormat const& format,
+                             std::atomic<bool> const& cancel)
+{
+    removeSurfaceData();
+    if (tagHandler && tagHandler->hasTags())
+        surfaces = getTaggedSurfaces(stream, format, cancel);
+    else
+        surfaces = {getSurface(stream, format, cancel)};
+}
+
+QList<STLSurfaceData*> STLSurfaceCreator::getSTLSurfaceData() const
+{
+    return surfaces;
+}
+
+QList<STLSurfaceData*> STLSurfaceCreator::takeSTLSurfaceData()
+{
+    return std::exchange(surfaces, {});
+}
+
+void STLSurfaceCreator::removeSurfaceData()
+{
+    qDeleteAll(surfaces);
+    surfaces.clear();
+}
+
+STLSurfaceData* STLSurfaceCreator::getSurface(QDataStream& stream, STLDataFormat const& format,
+                                              std::atomic<bool> const& cancel)
+{
+    removeSurfaceData();
+    geometry::Mesh mesh =
+        readMesh({untagged, none, format.numberOfTriangles, format.firstVertexOffset}, stream, format);
+    cleanSurfaceData(mesh, cancel);
+    addNormals(mesh, cancel);
+    return new STLSurfaceData(untagged, mesh, {}, none);
+}
+
+QList<STLSurfaceData*> STLSurfaceCreator::getTaggedSurfaces(QDataStream& stream, STLDataFormat const& format,
+                                                            std::atomic<bool> const& cancel)
+{
+    TagRuns const runs = getSurfaceTagDataByTag(stream, format);
+    QList<STLSurfaceData*> result;
+    QMap<int, geometry::Mesh> rest;
+    for (auto key = runs.cbegin(); key != runs.cend(); ++key) {
+        std::optional<geometry::Mesh> mesh = createMeshFromRuns(key.value(), stream, format, cancel);
+        if (!mesh)
+            return result;
+        auto const [tag, subTag] = key.key();
+        std::unique_ptr<STLSurfaceData> surface(createCleanedSTLSurfaceDataFromMesh(tag, subTag, *mesh));
+        if (tagHandler->isAllowed(tag))
+            result.append(surface.release());
+        else
+            addToRest(rest[subTag], surface->getMesh());
+    }
+    for (auto mesh = rest.begin(); mesh != rest.end(); ++mesh)
+        if (!mesh->isNull())
+            result.append(createCleanedSTLSurfaceDataFromMesh(none, mesh.key(), *mesh));
+    return result;
+}
+
+STLSurfaceCreator::TagRuns STLSurfaceCreator::getSurfaceTagDataByTag(QDataStream& stream,
+                                                                     STLDataFormat const& format)
+{
+    TagRuns runs;
+    Tag current = {none, none};
+    STLTagSurfaceData run = {};
+    bool isThere = format.recordSize > 0;
+    for (qint64 position = format.firstVertexOffset; isThere && position < format.dataSize;
+         position += format.recordSize) {
+        AttributeWord const word = readAttributeWord(stream, position + format.vertexBlockSize);
+        auto const [tag, subTag] = word.tag();
+        if (current != word.tag()) {
+            if (current.first != none)
+                runs[current].append(run);
+            current = word.tag();
+            run = {tag, subTag, 0, static_cast<int>(position)};
+        }
+        ++run.numberOfTriangles;
+        // What follows is not there either and would read as facets of nothing but zeros.
+        isThere = word.isComplete;
+    }
+    runs[current].append(run);
+    return runs;
+}
+
+STLTagSurfaceData STLSurfaceCreator::getSurfaceTagDataByTag(int tag,
+                                                            QList<STLTagSurfaceData> const& list) const
+{
+    auto const found = std::find_if(list.begin(), list.end(),
+                                    [tag](STLTagSurfaceData const& run) { return run.tag == tag; });
+    return found == list.end() ? STLTagSurfaceData() : *found;
+}
+
+std::optional<geometry::Mesh> STLSurfaceCreator::createMeshFromRuns(QList<STLTagSurfaceData> const& runs,
+                                                                    QDataStream& stream,
+                                                                    STLDataFormat const& format,
+                                                                    std::atomic<bool> const& cancel) const
+{
+    geometry::Mesh mesh;
+    for (STLTagSurfaceData const& run : runs) {
+        if (cancel)
+            return {};
+        appendMesh(mesh, createMeshFromSurfaceData(run, stream, format));
+    }
+    return mesh;
+}
+
+geometry::Mesh STLSurfaceCreator::createMeshFromSurfaceData(STLTagSurfaceData const& run, QDataStream& stream,
+                                                            STLDataFormat const& format) const
+{
+    std::atomic<bool> const cancel = false;
+    geometry::Mesh mesh = readMesh(run, stream, format);
+    cleanSurfaceData(mesh, cancel);
+    return mesh;
+}
+
+geometry::Mesh STLSurfaceCreator::readMesh(STLTagSurfaceData const& run, QDataStream& stream,
+                                           STLDataFormat const& format) const
+{
+    int const triangles = stl::facetsPresent(stream, format, run.numberOfTriangles, run.streamOffset);
+    int const vertexCount = verticesPerTriangle * triangles;
+    int const indexCount = stl::indicesPerTriangle * triangles;
+    auto const vertices = getVerticesFromStream(stream, format, vertexCount, run.streamOffset);
+    auto const indices = getStripsFromStream(triangles, indexCount);
+    if (!vertices || !indices)
+        return {};
+    return {data::Conversions::toVector(vertices.get(), vertexCount),
+            data::Conversions::toVector(indices.get(), indexCount)};
+}
+
+std::unique_ptr<float[]> STLSurfaceCreator::getVerticesFromStream(QDataStream& stream,
+                                                                  STLDataFormat const& format,
+                                                                  int vertexCount, int offset) const
+{
+    std::size_t const size = coordinatesPerVertex * static_cast<std::size_t>(vertexCount);
+    std::unique_ptr<float[]> vertices(new (std::nothrow) float[size]());
+    if (!vertices || !stl::seekTo(stream.device(), offset))
+        return vertices;
+    int const blockSize = format.vertexBlockSize / static_cast<int>(sizeof(float));
+    int const floats = std::clamp(blockSize, 0, coordinatesPerTriangle);
+    int const facets = vertexCount / verticesPerTriangle;
+    float* next = vertices.get();
+    for (int facet = 0; facet < facets; ++facet) {
+        if (facet > 0)
+            stream.skipRawData(format.recordSize - format.vertexBlockSize);
+        for (float* const end = next + floats; next != end; ++next)
+            stream >> *next;
+    }
+    return vertices;
+}
+
+std::unique_ptr<int[]> STLSurfaceCreator::getStripsFromStream(int triangleCount, int indexCount) const
+{
+    std::unique_ptr<int[]> strips(new (std::nothrow) int[static_cast<std::size_t>(indexCount)]());
+    int const triangles = strips ? std::min(triangleCount, indexCount / stl::indicesPerTriangle) : 0;
+    int* next = strips.get();
+    for (int index = 0; index < verticesPerTriangle * triangles; index += verticesPerTriangle) {
+        *next++ = index;
+        *next++ = index + 1;
+        *next++ = index + 2;
+        *next++ = restart;
+    }
+    return strips;
+}
+
+void STLSurfaceCreator::cleanSurfaceData(geometry::Mesh& mesh, std::atomic<bool> const& cancel) const
+{
+    stl::cleanMesh(mesh, mesh.getNumIndices() / stl::indicesPerTriangle, cancel);
+}
+
+void STLSurfaceCreator::addNormals(geometry::Mesh& mesh, std::atomic<bool> const& cancel) const
+{
+    mesh = sharpEdges ? NormalsCalculator::computeSharpEdgeNormals(mesh, sharpEdgeThreshold, cancel)
+                      : NormalsCalculator::computeGouraudNormals(mesh, cancel);
+}
+
+STLSurfaceData* STLSurfaceCreator::createCleanedSTLSurfaceDataFromMesh(int tag, int subTag,
+                                                                       geometry::Mesh& mesh) const
+{
+    std::atomic<bool> const cancel = false;
+    cleanSurfaceData(mesh, cancel);
+    addNormals(mesh, cancel);
+    return new STLSurfaceData(tag, mesh, {}, subTag);
+}
+
+void STLSurfaceCreator::addToRest(geometry::Mesh& rest, geometry::Mesh const& mesh) const
+{
+    rest = rest.isNull() ? mesh : mergeTwoMeshes(rest, mesh);
+}
+
+geometry::Mesh STLSurfaceCreator::mergeTwoMeshes(geometry::Mesh const& a, geometry::Mesh const& b) const
+{
+    geometry::Mesh merged(a.vertices, a.indices);
+    appendMesh(merged, b);
+    return merged;
+}
