@@ -24,7 +24,7 @@ bool isSuffix(QString const& suffix, QLatin1StringView format)
 // lies about its counts does not cost more than this.
 constexpr qint64 allowedBytes(qint64 fileSize)
 {
-    constexpr qint64 base = 32 * 1024 * 1024;
+    constexpr qint64 base = qint64(32) * 1024 * 1024;
     constexpr qint64 bytesForEachByte = 8;
     return base + bytesForEachByte * fileSize;
 }
@@ -33,7 +33,7 @@ bool areCountsCredible(qint32 numVertices, qint32 numIndices, qint64 fileSize)
 {
     if (numVertices < 0 || numIndices < 0)
         return false;
-    constexpr qint64 bytesForEachVertex = 2 * 3 * sizeof(float);
+    constexpr qint64 bytesForEachVertex = qint64(2) * 3 * qint64(sizeof(float));
     qint64 const bytes = bytesForEachVertex * numVertices + qint64(sizeof(int)) * numIndices;
     return bytes <= allowedBytes(fileSize);
 }

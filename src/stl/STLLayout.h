@@ -6,15 +6,17 @@
 namespace stl {
 
 constexpr int headerBytes = 80;
-constexpr int countBytes = sizeof(quint32);
+constexpr int countBytes = 4;
 constexpr int firstFacetOffset = headerBytes + countBytes;
 
-constexpr int normalBytes = 3 * sizeof(float);
-constexpr int vertexBlockBytes = 3 * 3 * sizeof(float);
+constexpr int floatBytes = 4;
+constexpr int normalBytes = 3 * floatBytes;
+constexpr int vertexBlockBytes = 3 * 3 * floatBytes;
 constexpr int attributeBytes = 2;
 constexpr int facetBytes = normalBytes + vertexBlockBytes + attributeBytes;
 constexpr int firstVertexOffset = firstFacetOffset + normalBytes;
 
+static_assert(sizeof(quint32) == countBytes && sizeof(float) == floatBytes);
 static_assert(firstFacetOffset == 84);
 static_assert(firstVertexOffset == 96);
 static_assert(facetBytes == 50);

@@ -203,8 +203,7 @@ std::unique_ptr<float[]> STLSurfaceCreator::getVerticesFromStream(QDataStream& s
     std::unique_ptr<float[]> vertices(new (std::nothrow) float[size]());
     if (!vertices || !stl::seekTo(stream.device(), offset))
         return vertices;
-    int const blockSize = format.vertexBlockSize / static_cast<int>(sizeof(float));
-    int const floats = std::clamp(blockSize, 0, coordinatesPerTriangle);
+    int const floats = std::clamp(format.vertexBlockSize / stl::floatBytes, 0, coordinatesPerTriangle);
     int const facets = vertexCount / verticesPerTriangle;
     float* next = vertices.get();
     for (int facet = 0; facet < facets; ++facet) {
