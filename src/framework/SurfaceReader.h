@@ -67,10 +67,16 @@ protected:
     /// ones. True when the resulting mesh has points; cancellation leaves an empty mesh.
     bool computeNormals(std::atomic<bool> const& cancel);
 
+    /// Path of the file to read; its directory is where texture files are looked for.
     QString fileName;
+    /// The result.
     geometry::Mesh mesh;
+    /// Placement of the result.
     QMatrix4x4 transform;
+    /// Which normals `computeNormals` makes.
     bool sharpEdges;
+    /// The policy that the caller asked for.
     TextureSupport textureSupport = VertexColorsOptional;
+    /// Texture of a textured result.
     QImage texture;
 };

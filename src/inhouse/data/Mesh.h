@@ -21,11 +21,14 @@ class SURFACEIO_INHOUSE_EXPORT Mesh : public PointSet
 public:
     /// An empty mesh; `isNull()` is true.
     Mesh() = default;
+    /// A mesh of the lists given; the others are empty.
+    /// @{
     Mesh(QList<QVector3D> vertices, QList<int> indices);
     Mesh(QList<QVector3D> vertices, QList<int> indices, QList<QVector3D> normals);
     Mesh(QList<QVector3D> vertices, QList<int> indices, QList<QVector3D> normals, QList<unsigned int> colors);
     Mesh(QList<QVector3D> vertices, QList<int> indices, QList<QVector3D> normals,
          QList<QVector2D> textureCoordinates);
+    /// @}
     Mesh(Mesh const&) = default;
     Mesh& operator=(Mesh const&) = default;
     Mesh(Mesh&&) = default;
@@ -34,6 +37,7 @@ public:
 
     /// x, y, z interleaved, three floats for each vertex. Valid until `vertices` changes.
     float const* getVertices() const;
+    /// Number of vertices (not of floats).
     int getNumVertices() const { return static_cast<int>(vertices.size()); }
     /// The strips. Valid until `indices` changes.
     int const* getIndices() const { return indices.constData(); }

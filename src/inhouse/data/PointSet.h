@@ -20,6 +20,7 @@ public:
     /// True when the set holds no points.
     bool isNull() const { return empty(); }
 
+    /// Writes a one-line summary of the set.
     friend SURFACEIO_INHOUSE_EXPORT QDebug operator<<(QDebug debug, PointSet const& points);
 
 protected:
@@ -29,6 +30,7 @@ protected:
     virtual bool empty() const = 0;
 };
 
+/// Writes a one-line summary of the set.
 SURFACEIO_INHOUSE_EXPORT QDebug operator<<(QDebug debug, PointSet const& points);
 
 } // namespace geometry
