@@ -1,0 +1,16 @@
+# One source for each installed header, which includes nothing else: each header compiles alone, with Qt's
+# strictest string rules. Building it is the test.
+function(surfaceio_add_headers_alone target library)
+  get_target_property(headers ${library} HEADER_SET)
+  set(sources "")
+  foreach(header IN LISTS headers)
+    cmake_path(RELATIVE_PATH header BASE_DIRECTORY "${PROJECT_SOURCE_DIR}/src" OUTPUT_VARIABLE name)
+    set(source "${CMAKE_CURRENT_BINARY_DIR}/alone/${name}.cpp")
+    file(CONFIGURE OUTPUT "${source}" CONTENT "#include \"@name@\" // IWYU pragma: keep\n" @ONLY)
+    list(APPEND sources "${source}")
+  endforeach()
+  add_library(${target} OBJECT ${sources})
+  target_link_libraries(${target} PRIVATE ${library})
+  target_compile_definitions(${target} PRIVATE QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_USE_QSTRINGBUILDER)
+  surfaceio_compile_rules(${target})
+endfunction()
