@@ -45,9 +45,9 @@ inline void requireSound(geometry::Mesh const& mesh)
 template <typename List>
 bool sameBytes(List const& a, List const& b)
 {
-    return a.size() == b.size() &&
-           (a.isEmpty() || std::memcmp(a.constData(), b.constData(),
-                                       static_cast<std::size_t>(a.size()) * sizeof(typename List::value_type)) == 0);
+    return a.size() == b.size() && (a.isEmpty() || std::memcmp(a.constData(), b.constData(),
+                                                               static_cast<std::size_t>(a.size()) *
+                                                                   sizeof(typename List::value_type)) == 0);
 }
 
 inline void requireSame(geometry::Mesh const& a, geometry::Mesh const& b)

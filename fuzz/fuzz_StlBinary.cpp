@@ -30,7 +30,8 @@ void requireSameTwice(QByteArray const& input, STLTagHandler const* handler)
     for (std::size_t i = 0; i < first.size(); ++i) {
         fuzz::requireSound(first[i]->getMesh());
         fuzz::requireSame(first[i]->getMesh(), second[i]->getMesh());
-        fuzz::require(first[i]->getTag() == second[i]->getTag() && first[i]->getSubTag() == second[i]->getSubTag());
+        fuzz::require(first[i]->getTag() == second[i]->getTag() &&
+                      first[i]->getSubTag() == second[i]->getSubTag());
     }
 }
 
@@ -50,7 +51,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     InclusiveTagHandler const inclusive({1, 3});
     ExclusiveTagHandler const exclusive({1, 3});
     UseAllTagsHandler const all;
-    for (STLTagHandler const* handler : std::array<STLTagHandler const*, 4>{nullptr, &inclusive, &exclusive, &all}) {
+    for (STLTagHandler const* handler :
+         std::array<STLTagHandler const*, 4>{nullptr, &inclusive, &exclusive, &all}) {
         requireSameTwice(input, handler);
         requireSameTwice(wellFormed, handler);
     }
