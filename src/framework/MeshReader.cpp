@@ -1,5 +1,6 @@
 #include "framework/MeshReader.h"
 
+#include "obj/OBJReaderHelper.h"
 #include "stl/STLReader.h"
 
 #include <QDataStream>
@@ -68,6 +69,8 @@ utility::Optional<geometry::Mesh> MeshReader::read(QString const& path)
     }
     std::atomic<bool> const cancel = false;
     QString const suffix = QFileInfo(path).suffix();
+    if (isSuffix(suffix, "obj"_L1))
+        return OBJReaderHelper::read(path);
     if (isSuffix(suffix, "stl"_L1)) {
         STLReader reader(nullptr, false, {});
         reader.setFileName(path);
@@ -84,6 +87,9 @@ utility::Optional<geometry::Mesh> MeshReader::read(QByteArray const& data, QStri
     }
     std::atomic<bool> const cancel = false;
     QString const suffix = QFileInfo(fileName).suffix();
+    // The data are the path of a file, not what is in it.
+    if (isSuffix(suffix, "obj"_L1))
+        return OBJReaderHelper::read(QString::fromUtf8(data));
     if (isSuffix(suffix, "stl"_L1)) {
         STLReader reader(nullptr, false, {});
         return resultOf(reader, reader.read(data, cancel));

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "obj/OBJReader.h"
+
+#include <map>
+#include <vector>
+
+/// Corners of faces to the vertices that they became: a map from `VertexIndices` to the order of insertion.
+///
+/// Corners are chained by position. A mesh has a few corners for each position; a file made to have very many
+/// at one position moves on to an ordered map, so that no file makes the search slow.
+class OBJCornerMap
+{
+public:
+    explicit OBJCornerMap(qsizetype positionCount);
+
+    /// The ordinal under which `corner`, whose position must be in the range given, was inserted, or -1.
+    int find(OBJReader::VertexIndices const& corner) const;
+    /// Adds a corner that is not there yet; returns its ordinal.
+    int insert(OBJReader::VertexIndices const& corner);
+
+private:
+    struct Link
+    {
+        OBJReader::VertexIndices corner;
+        int next;  // -1 at the end
+        int depth; // links of the chain from here
+    };
+
+    std::vector<int> chains; // by position: the first link, or -1
+    std::vector<Link> links; // by order of insertion
+    std::map<OBJReader::VertexIndices, int> rest;
+};

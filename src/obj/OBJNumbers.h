@@ -1,0 +1,7 @@
+#pragma once
+
+#include "obj/OBJReader.h"
+
+/// The number that `text` holds; 0, with a warning, where it holds none. 0 without a look at `text` when
+/// `current` is an error.
+float toFloatIfConditionValid(QAnyStringView text, OBJReader::Error current);

@@ -1,0 +1,245 @@
+#include "obj/OBJLineReader.h"
+#include "obj/OBJNumbers.h"
+#include "obj/OBJReader.h"
+#include "obj/OBJReaderLists.h"
+
+#include <QDebug>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QTextStream>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int flatTextureSide = 3;
+constexpr qsizetype entriesPerFace = 4; // a, b, c, -1
+
+bool isTextured(std::pair<QString const, OBJReader::ObjMaterial> const& entry)
+{
+    return !entry.second.texture.isNull();
+}
+
+// Also the names in an MTL file are relative to the OBJ file, wherever the MTL file lies.
+QFileInfo fileBeside(QString const& objFileName, QString const& name)
+{
+    return QFileInfo(QFileInfo(objFileName).dir(), name);
+}
+
+// A number that no int holds becomes one that no colour holds, as a conversion of it would be undefined.
+int toColorComponent(float value)
+{
+    constexpr float beyond = 1 << 16;
+    float const scaled = value * 255;
+    return std::abs(scaled) < beyond ? static_cast<int>(scaled) : -1;
+}
+
+QImage makeFlatTexture(QColor const& color)
+{
+    QImage image(flatTextureSide, flatTextureSide, QImage::Format_ARGB32);
+    image.fill(color);
+    return image;
+}
+
+} // namespace
+
+std::vector<QString> OBJReader::reconstructMTLFileNames(QList<QString> const& tokens) const
+{
+    std::vector<QString> names;
+    QString candidate;
+    for (qsizetype i = 1; i < tokens.size(); ++i) {
+        candidate += tokens[i];
+        if (fileBeside(fileName, candidate).exists()) {
+            names.push_back(candidate);
+            candidate.clear();
+        } else {
+            candidate += u' ';
+        }
+    }
+    return names;
+}
+
+OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName)
+{
+    QFileInfo const info = fileBeside(fileName, mtlFileName);
+    if (!info.exists()) {
+        if (mtlFileName != "NONE"_L1)
+            qWarning() << "OBJReader::handleMTL"
+                       << "mtl file" << info.absoluteFilePath() << "not found";
+        return NoMaterialFileName;
+    }
+    QFile file(info.absoluteFilePath());
+    if (!file.open(QIODevice::ReadOnly)) {
+        qWarning() << "OBJReader::handleMTL"
+                   << "Cannot open mtl file for read only: " << info.absoluteFilePath();
+        return CannotOpenMaterialFile;
+    }
+    materials.clear();
+    QTextStream stream(&file);
+    OBJLineReader reader(stream);
+    QString currentMaterial;
+    while (!reader.atEnd()) {
+        if (!reader.readLine())
+            return InvalidMaterialFile;
+        if (reader.getTokens().empty())
+            continue;
+        if (Error const result = readMTLLine(reader.getTokens(), currentMaterial); result != NoError)
+            return result;
+    }
+    return NoError;
+}
+
+OBJReader::Error OBJReader::readMTLLine(Tokens const& tokens, QString& currentMaterial)
+{
+    QString const keyword = tokens.front().toString();
+    if (keyword.contains("newmtl"_L1)) {
+        currentMaterial = parseMaterialName(tokens);
+        materials.try_emplace(currentMaterial);
+    } else if (keyword.contains("map"_L1)) {
+        return readTextureStatement(tokens, currentMaterial);
+    } else if (keyword == "Kd"_L1) {
+        materials[currentMaterial].diffuseColor = readDiffuseColor(tokens);
+    }
+    return NoError;
+}
+
+OBJReader::Error OBJReader::readTextureStatement(Tokens const& tokens, QString const& currentMaterial)
+{
+    // Of everything after the keyword, options like "-s 1 1 1" included, the file name is made.
+    QImage image;
+    if (Error const result = loadTexture(parseMaterialName(tokens), image); result != NoError)
+        return result;
+    if (currentMaterial.isEmpty())
+        return InvalidMaterialFile;
+    materials[currentMaterial].texture = image;
+    return NoError;
+}
+
+QColor OBJReader::readDiffuseColor(Tokens const& tokens) const
+{
+    std::array<int, 3> rgb{};
+    for (std::size_t i = 0; i < rgb.size(); ++i)
+        if (i + 1 < tokens.size())
+            rgb[i] = toColorComponent(toFloatIfConditionValid(tokens[i + 1], error));
+    return QColor(rgb[0], rgb[1], rgb[2], 255);
+}
+
+OBJReader::Error OBJReader::loadTexture(QString const& textureFileName, QImage& image) const
+{
+    QFileInfo const info = fileBeside(fileName, textureFileName);
+    QString const path = info.absoluteFilePath();
+    if (!info.exists()) {
+        qWarning() << "OBJReader::loadTexture"
+                   << "Texture file" << path << "not found";
+        return CannotFindTextureFile;
+    }
+    QImageReader reader(path, {});
+    QImage const loaded = reader.read();
+    if (!loaded.isNull()) {
+        image = loaded;
+        return NoError;
+    }
+    if (reader.error() == QImageReader::InvalidDataError) {
+        qWarning() << "OBJReader::loadTexture" << reader.errorString();
+        return TextureProcessingFailed;
+    }
+    // A second chance whose outcome does not count.
+    QImage scratch;
+    scratch.load(path, "JPG");
+    qWarning() << "OBJReader::loadTexture"
+               << "Could not read texture file at " << path;
+    return CannotOpenTextureFile;
+}
+
+void OBJReader::fixMaterials(WorkingLists& lists)
+{
+    fixNonExistingButUsedMaterials(lists.usage);
+    pruneUnusedMaterials(lists.usage);
+    if (isMeshUsingTexturedAndNonTexturedMaterialsAtTheSameTime())
+        fixMixedMaterialUsage(lists.textureCoordinates, lists.textureIndices, lists.usage);
+}
+
+void OBJReader::fixNonExistingButUsedMaterials(MaterialUsage& usage) const
+{
+    auto const replacement = std::find_if(materials.begin(), materials.end(), isTextured);
+    MaterialUsage fixed;
+    for (auto const& [name, faces] : usage) {
+        if (materials.contains(name)) {
+            fixed.try_emplace(name, faces);
+        } else if (replacement != materials.end()) {
+            qWarning() << "Corrupt OBJ file detected: Material " << name
+                       << " is used but not defined. Replacing it with the first known textured material "
+                          "instead. ("
+                       << replacement->first << ")";
+            // The faces of a second undefined material, or of the replacement itself when it comes later, are
+            // left without a material: lists are never merged.
+            fixed.try_emplace(replacement->first, faces);
+        }
+    }
+    usage = fixed;
+}
+
+void OBJReader::pruneUnusedMaterials(MaterialUsage const& usage)
+{
+    std::erase_if(materials, [&usage](auto const& entry) { return !usage.contains(entry.first); });
+}
+
+bool OBJReader::isMeshUsingTexturedAndNonTexturedMaterialsAtTheSameTime() const
+{
+    return std::any_of(materials.begin(), materials.end(), isTextured) &&
+           !std::all_of(materials.begin(), materials.end(), isTextured);
+}
+
+void OBJReader::fixMixedMaterialUsage(QList<QVector2D>& textureCoordinates, QList<int>& textureIndices,
+                                      MaterialUsage const& usage)
+{
+    for (auto& entry : materials) {
+        if (isTextured(entry))
+            continue;
+        entry.second.texture = makeFlatTexture(entry.second.diffuseColor);
+        textureCoordinates.append({0.5f, 0.5f});
+        auto const center = static_cast<int>(textureCoordinates.size() - 1);
+        // at() finds every material: those that are not in the usage have just been pruned.
+        for (unsigned int const face : usage.at(entry.first))
+            std::fill_n(textureIndices.begin() + entriesPerFace * face, 3, center);
+    }
+}
+
+OBJReader::Error OBJReader::buildMesh(WorkingLists& lists, std::atomic<bool> const& cancel)
+{
+    geometry::Mesh const result =
+        isTextureSupportRequested() ? makeTexturedMesh(lists) : makeColoredMesh(lists);
+    if (result.isNull()) {
+        qWarning() << "OBJReader: Unable to load mesh with this TextureSupport flag:" << int(textureSupport);
+        return UnableToLoadMeshWithCurrentTextureSupportFlag;
+    }
+    mesh = result;
+    if (lists.normals.isEmpty() && !computeNormals(cancel) && cancel)
+        return Cancelled;
+    return error;
+}
+
+geometry::Mesh OBJReader::makeTexturedMesh(WorkingLists const& lists) const
+{
+    if (!lists.textureCoordinates.isEmpty() && !texture.isNull())
+        return {lists.positions, lists.positionIndices, lists.normals, lists.textureCoordinates};
+    if (textureSupport == TextureOptional)
+        return {lists.positions, lists.positionIndices, lists.normals};
+    return {};
+}
+
+geometry::Mesh OBJReader::makeColoredMesh(WorkingLists& lists)
+{
+    QList<unsigned int> const colors = determineVertexColorsFromTextureAndUvs(lists.textureCoordinates);
+    texture = QImage();
+    lists.textureCoordinates.clear();
+    if (!colors.isEmpty())
+        return {lists.positions, lists.positionIndices, lists.normals, colors};
+    if (textureSupport == VertexColorsOptional)
+        return {lists.positions, lists.positionIndices, lists.normals};
+    return {};
+}

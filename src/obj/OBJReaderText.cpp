@@ -1,0 +1,267 @@
+#include "framework/NumberParsing.h"
+#include "obj/OBJLineReader.h"
+#include "obj/OBJNumbers.h"
+#include "obj/OBJReader.h"
+#include "obj/OBJReaderLists.h"
+
+#include <QDebug>
+
+#include <array>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t quadTokens = 1 + 4;
+constexpr int noIndex = -1;
+
+bool isEqual(QLatin1StringView token, QLatin1StringView keyword)
+{
+    return token == keyword;
+}
+
+template <typename OtherView>
+bool isEqual(OtherView token, QLatin1StringView keyword)
+{
+    return QAnyStringView(token) == QAnyStringView(keyword);
+}
+
+bool isKeyword(QAnyStringView token, QLatin1StringView keyword)
+{
+    return token.visit([keyword](auto view) { return isEqual(view, keyword); });
+}
+
+bool isSlash(char unit)
+{
+    return unit == '/';
+}
+
+template <typename Unit>
+bool isSlash(Unit unit)
+{
+    return QChar(unit) == u'/';
+}
+
+struct IndexGroup
+{
+    QAnyStringView vertex;
+    QAnyStringView uv;
+    QAnyStringView normal;
+};
+
+template <typename View>
+IndexGroup cutIndexGroup(View text)
+{
+    std::array<View, 3> parts;
+    auto const* first = text.data();
+    auto const* const end = first + text.size();
+    for (View& part : parts) {
+        auto const* next = first;
+        while (next != end && !isSlash(*next))
+            ++next;
+        part = View(first, next - first);
+        if (next == end)
+            break;
+        first = next + 1;
+    }
+    return {parts[0], parts[1], parts[2]};
+}
+
+// From the indices of the file, which count from 1 and are 0 where there is none.
+int toZeroBased(int index)
+{
+    return index == std::numeric_limits<int>::min() ? index : index - 1;
+}
+
+void appendFace(QList<int>& indices, int a, int b, int c)
+{
+    indices.append(a);
+    indices.append(b);
+    indices.append(c);
+    indices.append(-1);
+}
+
+} // namespace
+
+OBJReader::Error OBJReader::readText(QTextStream& stream, std::atomic<bool> const& cancel)
+{
+    error = NoError;
+    WorkingLists lists;
+    if (Error const result = readLines(stream, lists, cancel); result != NoError)
+        return result;
+    fixMaterials(lists);
+    if (Error const result = removeIndexedNormalsAndUvsByDuplicatingVertices(
+            lists.positions, lists.normals, lists.textureCoordinates, lists.positionIndices,
+            lists.normalIndices, lists.textureIndices, lists.usage);
+        result != NoError)
+        return result;
+    if (!lists.textureCoordinates.isEmpty() && lists.textureCoordinates.size() != lists.positions.size()) {
+        qWarning("%s", "OBJReader: mixed textured and untextured vertices are not supported.");
+        return IncompleteUvMapping;
+    }
+    if (Error const result =
+            combineTexturesAndAdjustUVs(lists.usage, lists.positionIndices, lists.textureCoordinates);
+        result != NoError)
+        return result;
+    return buildMesh(lists, cancel);
+}
+
+OBJReader::Error OBJReader::readLines(QTextStream& stream, WorkingLists& lists,
+                                      std::atomic<bool> const& cancel)
+{
+    OBJLineReader reader(stream);
+    while (error == NoError && !reader.atEnd()) {
+        if (cancel)
+            return Cancelled;
+        if (!reader.readLine())
+            return NoData;
+        if (!reader.getTokens().empty())
+            readLine(reader.getTokens(), lists);
+    }
+    if (error != NoError)
+        return error;
+    return cancel ? Cancelled : NoError;
+}
+
+void OBJReader::readLine(Tokens const& tokens, WorkingLists& lists)
+{
+    struct Line
+    {
+        QLatin1StringView keyword;
+        void (OBJReader::*read)(Tokens const&, WorkingLists&);
+    };
+    // In the order of their number in a file.
+    static constexpr std::array lines = {
+        Line{"f"_L1, &OBJReader::readFace},
+        Line{"v"_L1, &OBJReader::readPosition},
+        Line{"vn"_L1, &OBJReader::readNormal},
+        Line{"vt"_L1, &OBJReader::readTextureCoordinate},
+        Line{"usemtl"_L1, &OBJReader::readMaterialUse},
+        Line{"mtllib"_L1, &OBJReader::readMaterialLibrary},
+    };
+    for (Line const& line : lines)
+        if (isKeyword(tokens.front(), line.keyword))
+            return (this->*line.read)(tokens, lists);
+}
+
+void OBJReader::readPosition(Tokens const& tokens, WorkingLists& lists)
+{
+    if (tokens.size() < 4) {
+        error = IncompleteVertexCoordinates;
+        return;
+    }
+    float x = 0;
+    float y = 0;
+    float z = 0;
+    convertLineToFloat(tokens, x, y, z);
+    lists.positions.append({x, y, z});
+}
+
+void OBJReader::readTextureCoordinate(Tokens const& tokens, WorkingLists& lists)
+{
+    if (tokens.size() < 3) {
+        error = IncompleteTextureCoordinates;
+        return;
+    }
+    float const u = toFloatIfConditionValid(tokens[1], error);
+    float const v = toFloatIfConditionValid(tokens[2], error);
+    lists.textureCoordinates.append({u, v});
+}
+
+void OBJReader::readNormal(Tokens const& tokens, WorkingLists& lists)
+{
+    if (tokens.size() < 4) {
+        error = IncompleteVertexNormalCoordinates;
+        return;
+    }
+    float x = 0;
+    float y = 0;
+    float z = 0;
+    convertLineToFloat(tokens, x, y, z);
+    lists.normals.append({x, y, z});
+}
+
+void OBJReader::readFace(Tokens const& tokens, WorkingLists& lists)
+{
+    if (tokens.size() == quadTokens) {
+        error = QuadFacesNotSupported;
+        return;
+    }
+    VertexIndices a;
+    VertexIndices b;
+    VertexIndices c;
+    convertFaceLine(tokens, a, b, c);
+    appendFace(lists.positionIndices, a.vertex, b.vertex, c.vertex);
+    appendFace(lists.normalIndices, a.normal, b.normal, c.normal);
+    appendFace(lists.textureIndices, a.uv, b.uv, c.uv);
+    if (!lists.currentMaterial.isEmpty()) {
+        if (!lists.currentFaces)
+            lists.currentFaces = &lists.usage[lists.currentMaterial];
+        lists.currentFaces->append(lists.faceCount);
+    }
+    ++lists.faceCount;
+}
+
+void OBJReader::readMaterialUse(Tokens const& tokens, WorkingLists& lists)
+{
+    lists.currentMaterial = parseMaterialName(tokens);
+    lists.currentFaces = nullptr;
+}
+
+void OBJReader::readMaterialLibrary(Tokens const& tokens, WorkingLists&)
+{
+    QList<QString> texts;
+    for (QAnyStringView const token : tokens)
+        texts.append(token.toString());
+    std::vector<QString> const names = reconstructMTLFileNames(texts);
+    if (names.size() > 1) {
+        error = MultipleMaterialFilesUnsupported;
+    } else if (names.size() == 1) {
+        Error const result = handleMTL(names.front());
+        if (textureSupport == TextureRequired)
+            error = result;
+    }
+}
+
+void OBJReader::convertLineToFloat(Tokens const& tokens, float& x, float& y, float& z) const
+{
+    x = toFloatIfConditionValid(tokens[1], error);
+    y = toFloatIfConditionValid(tokens[2], error);
+    z = toFloatIfConditionValid(tokens[3], error);
+}
+
+void OBJReader::convertFaceLine(Tokens const& tokens, VertexIndices& a, VertexIndices& b, VertexIndices& c)
+{
+    if (tokens.size() < quadTokens - 1) {
+        error = InvalidVertexId;
+        return;
+    }
+    parseFaceElementIndexGroup(tokens[1], a);
+    parseFaceElementIndexGroup(tokens[2], b);
+    parseFaceElementIndexGroup(tokens[3], c);
+}
+
+void OBJReader::parseFaceElementIndexGroup(QAnyStringView text, VertexIndices& out)
+{
+    IndexGroup const group = text.visit([](auto view) { return cutIndexGroup(view); });
+    out.vertex = toZeroBased(numbers::toInt(group.vertex));
+    out.uv = toZeroBased(numbers::toInt(group.uv));
+    out.normal = toZeroBased(numbers::toInt(group.normal));
+    if (out.vertex != noIndex)
+        return;
+    out.normal = out.uv = noIndex;
+    error = InvalidVertexId;
+    qWarning() << "OBJReader::invalid vertex id: '" << group.vertex.toString() << "'";
+}
+
+QString OBJReader::parseMaterialName(Tokens const& tokens)
+{
+    QString name;
+    for (std::size_t i = 1; i < tokens.size(); ++i) {
+        if (i > 1)
+            name += u' ';
+        name += tokens[i].toString();
+    }
+    return name;
+}
