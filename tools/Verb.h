@@ -25,6 +25,8 @@ struct Verb
     Action (*setUp)(CLI::App& options);
 };
 
+extern Verb const convertVerb;
 extern Verb const infoVerb;
+extern Verb const sampleVerb;
 
 } // namespace tool

@@ -54,7 +54,7 @@ private Q_SLOTS:
         QVERIFY(outcome.standardOutput.contains("\n  info  "));
     }
 
-    void version() { verify(runProgram({u"--version"_s}), 0, "surfaceio " SURFACEIO_TEST_VERSION "\n", {}); }
+    void version() { verify(runProgram({u"--version"_s}), 0, "surfaceio " SURFACEIO_VERSION "\n", {}); }
 
     // Every verb says first what it is for, and shows two commands.
     void helpOfVerb_data()

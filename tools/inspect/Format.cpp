@@ -28,22 +28,9 @@ Recognition recognise(Source const& source)
     return {};
 }
 
-QString whyNotRegular(QFileInfo const& file)
-{
-    if (file.isSymLink() && !file.exists())
-        return u"expected a file, found a link to \"%1\", which does not exist"_s.arg(file.symLinkTarget());
-    if (!file.exists())
-        return u"there is no such file"_s;
-    if (file.isDir())
-        return u"expected a file, found a folder"_s;
-    if (!file.isFile())
-        return u"expected a regular file, found a pipe, socket or device"_s;
-    return {};
-}
-
 std::optional<Source> open(QString const& path, Inspection& inspection)
 {
-    if (QString const reason = whyNotRegular(QFileInfo(path)); !reason.isEmpty()) {
+    if (QString const reason = whyNotRegular(path); !reason.isEmpty()) {
         inspection.fail(ExitCode::ReadOrWriteFailed, reason);
         return {};
     }
@@ -61,6 +48,20 @@ void Inspection::fail(ExitCode code_, QString const& problem_)
 {
     code = code_;
     problem = problem_;
+}
+
+QString whyNotRegular(QString const& path)
+{
+    QFileInfo const file(path);
+    if (file.isSymLink() && !file.exists())
+        return u"expected a file, found a link to \"%1\", which does not exist"_s.arg(file.symLinkTarget());
+    if (!file.exists())
+        return u"there is no such file"_s;
+    if (file.isDir())
+        return u"expected a file, found a folder"_s;
+    if (!file.isFile())
+        return u"expected a regular file, found a pipe, socket or device"_s;
+    return {};
 }
 
 bool hasSuffix(Format const& format, QString const& path)

@@ -53,6 +53,9 @@ std::span<Format const> formats();
 
 bool hasSuffix(Format const& format, QString const& path);
 
+/// Why the path is not that of a regular file, links followed; empty when it is. Opens nothing.
+QString whyNotRegular(QString const& path);
+
 /// Opens and recognises the file at `path`, and has it inspected. Never waits on a pipe or a device.
 Inspection inspectFile(QString const& path);
 

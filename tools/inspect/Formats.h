@@ -5,6 +5,7 @@
 namespace tool {
 
 // One inspector for each format, in a file of its own.
+extern Format const arrayFormat;
 extern Format const stlFormat;
 
 } // namespace tool

@@ -1,7 +1,9 @@
+#include "LibraryLog.h"
 #include "inspect/Formats.h"
 #include "inspect/MetadataRecord.h"
 #include "inspect/StlBinary.h"
 #include "inspect/StlText.h"
+#include "stl/STLReader.h"
 
 #include <QFile>
 
@@ -31,6 +33,18 @@ void addCounts(Report& report, qint64 facets, qint64 vertices)
     Report& inFile = report.section("inFile"_L1, u"in the file"_s);
     inFile.add("facets"_L1, u"facets"_s, facets);
     inFile.add("vertices"_L1, u"vertices"_s, vertices);
+}
+
+// As a reader hands it out: coincident vertices merged, degenerate facets dropped.
+bool addCleanedCounts(Report& report, QString const& path)
+{
+    LogCapture const log;
+    STLReader reader(nullptr, false, path);
+    bool const isRead = reader.read(std::atomic<bool>(false));
+    Report& cleaned = report.section("afterCleaning"_L1, u"after cleaning"_s);
+    cleaned.add("facets"_L1, u"facets"_s, isRead ? Value(reader.getMesh().getNumIndices() / 4) : Value());
+    cleaned.add("vertices"_L1, u"vertices"_s, isRead ? Value(reader.getMesh().getNumVertices()) : Value());
+    return isRead;
 }
 
 void addTags(Report& report, stl::Contents const& contents)
@@ -90,6 +104,7 @@ void inspectBinary(Source const& source, Inspection& inspection)
     }
     stl::Contents const contents = stl::contentsOf(file, stl::claimedFacets(source.head));
     addCounts(inspection.report, contents.facets, 3 * contents.facets);
+    addCleanedCounts(inspection.report, source.path);
     contents.bounds.addTo(inspection.report);
     addHeader(inspection.report, source.head.left(stl::headerBytes));
     addTags(inspection.report, contents);
@@ -120,11 +135,13 @@ void inspectText(Source const& source, Inspection& inspection)
     }
     stl::TextContents const contents = stl::textContentsOf(file);
     addCounts(inspection.report, contents.vertices / 3, contents.vertices);
-    contents.bounds.addTo(inspection.report);
     if (!contents.problem.isEmpty())
         inspection.fail(ExitCode::Malformed, contents.problem);
     else if (contents.vertices == 0)
         failNoVertices(source, inspection);
+    else if (!addCleanedCounts(inspection.report, source.path))
+        inspection.fail(ExitCode::Malformed, u"no facet has three different corners"_s);
+    contents.bounds.addTo(inspection.report);
 }
 
 void inspect(Source const& source, Inspection& inspection)

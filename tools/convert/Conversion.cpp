@@ -1,0 +1,79 @@
+#include "convert/Conversion.h"
+
+#include "inspect/Format.h"
+#include "output/OutputFile.h"
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+ExitCode fail(ExitCode code, QString const& path, QString const& problem, Console& console)
+{
+    console.failure(path + u": "_s + problem);
+    return code;
+}
+
+// The readers say little about why they refuse a file; the inspector knows.
+ExitCode failReading(QString const& path, Console& console)
+{
+    Inspection const inspection = inspectFile(path);
+    if (inspection.code != ExitCode::Ok)
+        return fail(inspection.code, path, inspection.problem, console);
+    return fail(ExitCode::ReadOrWriteFailed, path, u"could not be read"_s, console);
+}
+
+ExitCode read(QString const& path, MeshFile& file, Console& console)
+{
+    MeshSource const* const source = meshSourceFor(path);
+    if (source == nullptr)
+        return fail(ExitCode::Usage, path,
+                    u"expected one of the suffixes %1"_s.arg(suffixesOf(meshSources())), console);
+    if (QString const problem = whyNotRegular(path); !problem.isEmpty())
+        return fail(ExitCode::ReadOrWriteFailed, path, problem, console);
+    if (!source->read(path, file))
+        return failReading(path, console);
+    if (file.mesh.isNull())
+        return fail(ExitCode::ReadOrWriteFailed, path, u"holds no facets that could be converted"_s, console);
+    return ExitCode::Ok;
+}
+
+ExitCode open(OutputFile& output, QString const& path, bool mayReplace, Console& console)
+{
+    if (meshTargetFor(path) == nullptr)
+        return fail(ExitCode::Usage, path,
+                    u"expected one of the suffixes %1"_s.arg(suffixesOf(meshTargets())), console);
+    QString const problem = output.open(mayReplace);
+    return problem.isEmpty() ? ExitCode::Ok : fail(ExitCode::ReadOrWriteFailed, path, problem, console);
+}
+
+ExitCode write(OutputFile& output, QString const& path, MeshFile const& file, Console& console)
+{
+    MeshTarget const* const target = meshTargetFor(path);
+    if (!target->write(output.temporaryPath(), file))
+        return fail(ExitCode::ReadOrWriteFailed, path, u"could not be written"_s, console);
+    QString const problem = output.commit(target->expectedBytes(output.temporaryPath(), file));
+    return problem.isEmpty() ? ExitCode::Ok : fail(ExitCode::ReadOrWriteFailed, path, problem, console);
+}
+
+} // namespace
+
+ExitCode convert(Conversion const& conversion, Console& console)
+{
+    OutputFile output(conversion.out);
+    ExitCode code = open(output, conversion.out, conversion.mayReplace, console);
+    MeshFile file;
+    if (code == ExitCode::Ok)
+        code = read(conversion.in, file, console);
+    return code == ExitCode::Ok ? write(output, conversion.out, file, console) : code;
+}
+
+ExitCode writeMeshFile(QString const& path, MeshFile const& file, bool mayReplace, Console& console)
+{
+    OutputFile output(path);
+    ExitCode const code = open(output, path, mayReplace, console);
+    return code == ExitCode::Ok ? write(output, path, file, console) : code;
+}
+
+} // namespace tool

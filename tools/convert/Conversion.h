@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Console.h"
+#include "convert/MeshFile.h"
+
+namespace tool {
+
+/// One file to read and one to write.
+struct Conversion
+{
+    QString in;
+    QString out;
+    /// Whether `out` may exist.
+    bool mayReplace = false;
+};
+
+/// Reads, writes beside the target, checks, and moves into place. Failures and losses go to the console.
+ExitCode convert(Conversion const& conversion, Console& console);
+
+/// Writes `file` to `path` with the same care.
+ExitCode writeMeshFile(QString const& path, MeshFile const& file, bool mayReplace, Console& console);
+
+} // namespace tool

@@ -1,0 +1,177 @@
+#include "convert/MeshFile.h"
+
+#include "framework/MeshReader.h"
+#include "framework/MeshWriter.h"
+#include "framework/XYZWriter.h"
+#include "inhouse/data/Unstrip.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+bool readThroughFacade(QString const& path, MeshFile& file)
+{
+    utility::Optional<geometry::Mesh> const mesh = MeshReader::read(path);
+    if (mesh)
+        file.mesh = *mesh;
+    return mesh.has_value();
+}
+
+QList<QVector3D> toVectors(float const* numbers, int count)
+{
+    QList<QVector3D> vectors(count);
+    for (QVector3D& vector : vectors) {
+        vector = {numbers[0], numbers[1], numbers[2]};
+        numbers += 3;
+    }
+    return vectors;
+}
+
+bool readArrayRecord(QString const& path, MeshFile& file)
+{
+    int vertexCount = 0;
+    int indexCount = 0;
+    float* vertices = nullptr;
+    float* normals = nullptr;
+    int* indices = nullptr;
+    if (!MeshReader::read(path, &vertexCount, &vertices, &normals, &indexCount, &indices))
+        return false;
+    std::unique_ptr<float[]> const vertexOwner(vertices);
+    std::unique_ptr<float[]> const normalOwner(normals);
+    std::unique_ptr<int[]> const indexOwner(indices);
+    file.mesh = geometry::Mesh(toVectors(vertices, vertexCount), QList<int>(indices, indices + indexCount),
+                               toVectors(normals, vertexCount));
+    return true;
+}
+
+bool writeThroughFacade(QString const& path, MeshFile const& file)
+{
+    return MeshWriter::write(path, file.mesh);
+}
+
+qint64 stlBytes(QString const&, MeshFile const& file)
+{
+    return 84 + 50 * qint64(geometry::unstrip(file.mesh).getNumIndices() / 4);
+}
+
+std::vector<float> toNumbers(QList<QVector3D> const& vectors, int count)
+{
+    std::vector<float> numbers;
+    numbers.reserve(3 * static_cast<std::size_t>(count));
+    for (QVector3D const& vector : vectors)
+        numbers.insert(numbers.end(), {vector.x(), vector.y(), vector.z()});
+    numbers.resize(3 * static_cast<std::size_t>(count)); // a mesh without normals has zeros there
+    return numbers;
+}
+
+bool writeArrayRecord(QString const& path, MeshFile const& file)
+{
+    int const vertexCount = file.mesh.getNumVertices();
+    std::vector<float> vertices = toNumbers(file.mesh.vertices, vertexCount);
+    std::vector<float> normals = toNumbers(file.mesh.normals, vertexCount);
+    QList<int> indices = file.mesh.indices;
+    return MeshWriter::write(path, vertexCount, vertices.data(), normals.data(),
+                             static_cast<int>(indices.size()), indices.data());
+}
+
+qint64 arrayRecordBytes(QString const&, MeshFile const& file)
+{
+    return 8 + 48 * qint64(file.mesh.getNumVertices()) + 4 * qint64(file.mesh.getNumIndices());
+}
+
+bool writeXyz(QString const& path, MeshFile const& file)
+{
+    return XYZWriter::write(path, file.mesh.vertices);
+}
+
+// The lines tell how many points arrived. A cut file gives a length that no file has.
+qint64 xyzBytes(QString const& path, MeshFile const& mesh)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    constexpr qint64 chunk = 1 << 20;
+    qint64 lines = 0;
+    QByteArray last;
+    for (QByteArray bytes = file.read(chunk); !bytes.isEmpty(); bytes = file.read(chunk)) {
+        lines += bytes.count('\n');
+        last = bytes;
+    }
+    bool const isWhole = lines == mesh.mesh.getNumVertices() && last.endsWith('\n');
+    return isWhole ? file.size() : file.size() + 1;
+}
+
+constexpr std::array sources = {
+    MeshSource{"stl"_L1, readThroughFacade},
+    MeshSource{"array"_L1, readArrayRecord},
+};
+
+constexpr std::array targets = {
+    MeshTarget{"stl"_L1, "binary STL"_L1, writeThroughFacade, stlBytes},
+    MeshTarget{"xyz"_L1, "XYZ points"_L1, writeXyz, xyzBytes},
+    MeshTarget{"array"_L1, "mesh array record"_L1, writeArrayRecord, arrayRecordBytes},
+};
+
+template <typename Row>
+Row const* rowFor(QString const& path, std::span<Row const> rows)
+{
+    QString const suffix = QFileInfo(path).suffix().toLower();
+    for (Row const& row : rows) {
+        if (QString(row.suffixes).split(u' ').contains(suffix))
+            return &row;
+    }
+    return nullptr;
+}
+
+template <typename Row>
+QString joinedSuffixes(std::span<Row const> rows)
+{
+    QStringList suffixes;
+    for (Row const& row : rows) {
+        for (QString const& suffix : QString(row.suffixes).split(u' '))
+            suffixes << u'.' + suffix;
+    }
+    return suffixes.join(", "_L1);
+}
+
+} // namespace
+
+std::span<MeshSource const> meshSources()
+{
+    return sources;
+}
+
+std::span<MeshTarget const> meshTargets()
+{
+    return targets;
+}
+
+MeshSource const* meshSourceFor(QString const& path)
+{
+    return rowFor(path, meshSources());
+}
+
+MeshTarget const* meshTargetFor(QString const& path)
+{
+    return rowFor(path, meshTargets());
+}
+
+QString suffixesOf(std::span<MeshSource const> rows)
+{
+    return joinedSuffixes(rows);
+}
+
+QString suffixesOf(std::span<MeshTarget const> rows)
+{
+    return joinedSuffixes(rows);
+}
+
+} // namespace tool

@@ -1,0 +1,117 @@
+#include "output/OutputFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+// A full disk or a lost network folder may tell only now.
+QString store([[maybe_unused]] QString const& path)
+{
+#ifdef Q_OS_UNIX
+    int const file = ::open(QFile::encodeName(path).constData(), O_RDONLY);
+    bool const isStored = file != -1 && fsync(file) == 0;
+    QString const reason = isStored ? QString() : qt_error_string(errno);
+    if (file != -1)
+        ::close(file);
+    if (!isStored)
+        return u"the file could not be stored: "_s + reason;
+#endif
+    return {};
+}
+
+QString sizeProblem(QString const& path, qint64 expectedBytes)
+{
+    QFileInfo const file(path);
+    qint64 const size = file.isFile() ? file.size() : 0;
+    if (expectedBytes < 0 ? size > 0 : size == expectedBytes)
+        return {};
+    if (expectedBytes < 0)
+        return u"nothing was written; is the disk full?"_s;
+    return u"expected to write %1 bytes, found %2 in the file; is the disk full?"_s.arg(expectedBytes)
+        .arg(size);
+}
+
+QString replace(QString const& from, QString const& to)
+{
+    std::error_code error;
+    std::filesystem::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(), error);
+    return error ? u"the file could not be moved into place: "_s + QString::fromStdString(error.message())
+                 : QString();
+}
+
+} // namespace
+
+OutputFile::OutputFile(QString const& target_)
+    : target(target_)
+{
+    // A link stays a link: the file that it leads to is replaced.
+    QFileInfo const file(target);
+    if (file.isSymLink() && file.exists())
+        target = file.canonicalFilePath();
+}
+
+QString OutputFile::targetProblem() const
+{
+    QFileInfo const file(target);
+    if (file.isSymLink() && !file.exists())
+        return u"is a link to a file that does not exist"_s;
+    if (file.isDir())
+        return u"is a folder"_s;
+    if (file.exists() && !file.isFile())
+        return u"is a pipe, socket or device, and is not replaced"_s;
+    if (file.exists() && !mayReplace)
+        return u"exists already; --force replaces it"_s;
+    return {};
+}
+
+QString OutputFile::open(bool mayReplace_)
+{
+    mayReplace = mayReplace_;
+    if (QString problem = targetProblem(); !problem.isEmpty())
+        return problem;
+    QFileInfo const file(target);
+    QString const parent = file.absolutePath();
+    if (!QFileInfo(parent).isDir())
+        return u"the folder \"%1\" does not exist"_s.arg(parent);
+    folder.emplace(parent + "/.surfaceio-XXXXXX"_L1);
+    if (!folder->isValid())
+        return u"the folder \"%1\" cannot be written to: %2"_s.arg(parent, folder->errorString());
+    return {};
+}
+
+QString OutputFile::temporaryPath() const
+{
+    return folder->filePath(u"written."_s + QFileInfo(target).suffix());
+}
+
+QString OutputFile::commit(qint64 expectedBytes)
+{
+    QString const written = temporaryPath();
+    QString problem = sizeProblem(written, expectedBytes);
+    if (problem.isEmpty())
+        problem = store(written);
+    // The target may have changed while the file was written.
+    if (problem.isEmpty())
+        problem = targetProblem();
+    if (!problem.isEmpty())
+        return problem;
+    if (QFileInfo::exists(target))
+        QFile::setPermissions(written, QFile::permissions(target));
+    return replace(written, target);
+}
+
+} // namespace tool

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+
+#include <optional>
+
+namespace tool {
+
+/// A file that appears whole or not at all.
+///
+/// Whatever writes it gets a path of the same suffix in a hidden temporary folder beside the target. Only
+/// after the caller has checked what was written does `commit` move it into place; until then, and after any
+/// failure, the target is as it was. The temporary folder goes away with this object.
+class OutputFile
+{
+public:
+    explicit OutputFile(QString const& target);
+
+    /// Makes the temporary folder. Empty, or why the target cannot be written: it exists and `mayReplace` is
+    /// false, it is no regular file, or its folder does not exist or does not let us.
+    QString open(bool mayReplace);
+
+    /// Where to write; after `open`.
+    QString temporaryPath() const;
+
+    /// Has the system store the written file, checks that it holds `expectedBytes` bytes (any number but 0
+    /// when negative), and renames it to the target. Empty, or what went wrong.
+    QString commit(qint64 expectedBytes);
+
+private:
+    QString targetProblem() const;
+
+    QString target;
+    bool mayReplace = false;
+    std::optional<QTemporaryDir> folder;
+};
+
+} // namespace tool

@@ -1,0 +1,100 @@
+#include "Verb.h"
+#include "convert/Conversion.h"
+#include "framework/ScanMetadata.h"
+#include "output/OutputFile.h"
+#include "sample/DentalArch.h"
+#include "sample/TaggedStl.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+struct Options
+{
+    std::string out;
+    int facets = sample::Options().facets;
+    qint64 seed = 1;
+    bool force = false;
+};
+
+// No date of today: the same command writes the same bytes.
+MeshHeader metadata(Options const& options)
+{
+    return {u"SurfaceIO sample"_s, u"seed-%1"_s.arg(options.seed), false, QStringLiteral(SURFACEIO_VERSION),
+            QDate(2024, 1, 1).startOfDay(Qt::UTC)};
+}
+
+MeshFile toMeshFile(sample::DentalArch const& arch)
+{
+    MeshFile file;
+    file.mesh.vertices = arch.vertices;
+    file.mesh.colors = arch.colors;
+    file.mesh.indices.reserve(4 * static_cast<qsizetype>(arch.facets.size()));
+    for (sample::DentalArch::Facet const& facet : arch.facets)
+        file.mesh.indices << facet.corners[0] << facet.corners[1] << facet.corners[2] << -1;
+    return file;
+}
+
+QString writeStl(QString const& path, sample::DentalArch const& arch, Options const& options)
+{
+    OutputFile output(path);
+    if (QString problem = output.open(options.force); !problem.isEmpty())
+        return problem;
+    QFile file(output.temporaryPath());
+    if (!file.open(QIODevice::WriteOnly))
+        return file.errorString();
+    bool const isWritten =
+        writeTaggedStl(file, arch, conversions::toByteArray(metadata(options))) && file.flush();
+    if (!isWritten)
+        return file.errorString();
+    file.close();
+    return output.commit(sample::taggedStlBytes(options.facets));
+}
+
+ExitCode run(Options const& options, Console& console)
+{
+    QString const path = QString::fromStdString(options.out);
+    sample::DentalArch const arch =
+        sample::makeDentalArch({options.facets, static_cast<quint64>(options.seed)});
+    if (QFileInfo(path).suffix().compare("stl"_L1, Qt::CaseInsensitive) != 0)
+        return writeMeshFile(path, toMeshFile(arch), options.force, console);
+    QString const problem = writeStl(path, arch, options);
+    if (!problem.isEmpty())
+        console.failure(path + u": "_s + problem);
+    return problem.isEmpty() ? ExitCode::Ok : ExitCode::ReadOrWriteFailed;
+}
+
+Verb::Action setUp(CLI::App& app)
+{
+    auto const options = std::make_shared<Options>();
+    app.add_option("OUT", options->out, "File to write: " + suffixesOf(meshTargets()).toStdString())
+        ->required();
+    app.add_option("--facets", options->facets, "How many facets, exactly")
+        ->check(CLI::Range(sample::Options::fewestFacets, sample::Options::mostFacets))
+        ->capture_default_str();
+    app.add_option("--seed", options->seed, "Another seed gives another mouth")
+        ->check(CLI::NonNegativeNumber)
+        ->capture_default_str();
+    app.add_flag("--force", options->force, "Replace OUT when it exists");
+    return [options](Console& console) { return run(*options, console); };
+}
+
+} // namespace
+
+Verb const sampleVerb = {
+    "sample",
+    "Writes a synthetic scan of a lower dental arch, the same on every run; each tooth has its own facet "
+    "tag.",
+    "  surfaceio sample scan.stl\n"
+    "  surfaceio sample --facets 1000000 --seed 7 large.stl",
+    setUp,
+};
+
+} // namespace tool
