@@ -1,6 +1,7 @@
 #include "framework/MeshReader.h"
 
 #include "obj/OBJReaderHelper.h"
+#include "ply/PLYReader.h"
 #include "stl/STLReader.h"
 
 #include <QDataStream>
@@ -71,6 +72,11 @@ utility::Optional<geometry::Mesh> MeshReader::read(QString const& path)
     QString const suffix = QFileInfo(path).suffix();
     if (isSuffix(suffix, "obj"_L1))
         return OBJReaderHelper::read(path);
+    if (isPLY(suffix)) {
+        PLYReader reader(PLYReader::MeshMode);
+        reader.setFileName(path);
+        return resultOf(reader, reader.read(cancel));
+    }
     if (isSuffix(suffix, "stl"_L1)) {
         STLReader reader(nullptr, false, {});
         reader.setFileName(path);
@@ -90,6 +96,11 @@ utility::Optional<geometry::Mesh> MeshReader::read(QByteArray const& data, QStri
     // The data are the path of a file, not what is in it.
     if (isSuffix(suffix, "obj"_L1))
         return OBJReaderHelper::read(QString::fromUtf8(data));
+    if (isPLY(suffix)) {
+        PLYReader reader(PLYReader::MeshMode);
+        reader.setFileName(fileName);
+        return resultOf(reader, reader.read(data, cancel));
+    }
     if (isSuffix(suffix, "stl"_L1)) {
         STLReader reader(nullptr, false, {});
         return resultOf(reader, reader.read(data, cancel));

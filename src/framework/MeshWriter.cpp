@@ -1,5 +1,6 @@
 #include "framework/MeshWriter.h"
 
+#include "ply/PLYWriter.h"
 #include "stl/STLWriter.h"
 
 #include <QDataStream>
@@ -10,6 +11,17 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+bool writePly(QString const& path, geometry::Mesh const& mesh)
+{
+    PLYWriter writer;
+    writer.setFilePath(path);
+    writer.setData(mesh, false, {});
+    if (writer.write())
+        return true;
+    qWarning() << "Couldn't write mesh as .ply: " << writer.getErrorMessage();
+    return false;
+}
 
 bool writeStl(QString const& path, geometry::Mesh const& mesh)
 {
@@ -34,6 +46,8 @@ void writeArray(QDataStream& stream, Value const* values, qint64 count)
 bool MeshWriter::write(QString const& path, geometry::Mesh const& mesh)
 {
     QString const suffix = QFileInfo(path).completeSuffix();
+    if (suffix.endsWith("ply"_L1, Qt::CaseInsensitive))
+        return writePly(path, mesh);
     if (suffix.endsWith("stl"_L1, Qt::CaseInsensitive))
         return writeStl(path, mesh);
     qWarning() << "Couldn't write mesh. Unexpected extension: " << suffix;
