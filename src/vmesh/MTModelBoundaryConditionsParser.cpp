@@ -1,0 +1,137 @@
+#include "vmesh/MTModelBoundaryConditionsParser.h"
+
+#include "vmesh/SharedArray.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QStringList>
+#include <QTextStream>
+
+#include <algorithm>
+#include <array>
+#include <new>
+
+namespace {
+
+constexpr qint64 countLine = 4;
+constexpr int components = 3;
+constexpr qsizetype partsOfCondition = 1 + components;
+constexpr qint64 leastConditionBytes = 8; // "0 0 0 0" and its line feed
+
+} // namespace
+
+MTModelBoundaryConditionsParser::MTModelBoundaryConditionsParser(QString const& fileName_)
+    : fileName(fileName_)
+{}
+
+MTModelBoundaryConditionsParser::~MTModelBoundaryConditionsParser() = default;
+
+MTModelBoundaryConditions MTModelBoundaryConditionsParser::getBoundaryConditions() const
+{
+    return conditions;
+}
+
+bool MTModelBoundaryConditionsParser::read()
+{
+    if (fileName.isEmpty()) {
+        qWarning() << "MTModelBoundaryConditionsParser : file name not filled in.";
+        return false;
+    }
+    if (!QFile::exists(fileName)) {
+        qWarning() << "MTModelBoundaryConditionsParser : file does not exist.";
+        return false;
+    }
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qWarning() << "MTModelBoundaryConditionsParser : could not open file for reading.";
+        return false;
+    }
+    clear();
+    fileBytes = file.size();
+    qint64 lineNumber = 0;
+    if (readLines(file, lineNumber))
+        return allBoundaryConditionsRead();
+    qWarning() << "MTModelBoundaryConditionsParser : could not parse line" << lineNumber << ".";
+    clear();
+    return false;
+}
+
+bool MTModelBoundaryConditionsParser::readLines(QIODevice& device, qint64& lineNumber)
+{
+    try {
+        return readText(device, lineNumber);
+    } catch (std::bad_alloc const&) { // a line that is longer than there is memory
+        return false;
+    }
+}
+
+bool MTModelBoundaryConditionsParser::readText(QIODevice& device, qint64& lineNumber)
+{
+    QTextStream stream(&device);
+    QString line;
+    do {
+        line = stream.readLine();
+        ++lineNumber;
+        if (!parseLine(line, lineNumber))
+            return false;
+    } while (!allBoundaryConditionsRead() && !line.isNull());
+    return true;
+}
+
+bool MTModelBoundaryConditionsParser::parseLine(QString const& line, qint64 lineNumber)
+{
+    if (lineNumber < countLine)
+        return true;
+    return lineNumber == countLine ? readNumBoundaryConditions(line) : readBoundaryCondition(line);
+}
+
+bool MTModelBoundaryConditionsParser::readNumBoundaryConditions(QString const& line)
+{
+    bool isNumber = false;
+    qint32 const count = line.toInt(&isNumber);
+    if (!isNumber || count < 0)
+        return false;
+    conditions.numBoundaryConditions = count;
+    return makeRoom();
+}
+
+bool MTModelBoundaryConditionsParser::makeRoom()
+{
+    qint64 const rows =
+        vmesh::nextRoom(room, conditions.numBoundaryConditions, fileBytes, leastConditionBytes);
+    bool const isDone = vmesh::growRows(conditions.pointIndices, 1, room, rows, 0) &&
+                        vmesh::growRows(conditions.values, components, room, rows, 0.0f);
+    room = rows;
+    return isDone;
+}
+
+bool MTModelBoundaryConditionsParser::readBoundaryCondition(QString const& line)
+{
+    QStringList const parts = line.split(u' ', Qt::KeepEmptyParts);
+    if (parts.size() != partsOfCondition)
+        return false;
+    bool isNumber = false;
+    qint32 const pointIndex = parts.first().toInt(&isNumber);
+    std::array<float, components> value = {};
+    for (int i = 0; i < components && isNumber; ++i)
+        value[std::size_t(i)] = parts[1 + i].toFloat(&isNumber);
+    if (!isNumber || (conditionsRead >= room && !makeRoom()))
+        return false;
+    conditions.pointIndices.data()[conditionsRead] = pointIndex;
+    std::ranges::copy(value, conditions.values.data() + components * qint64(conditionsRead));
+    ++conditionsRead;
+    return true;
+}
+
+bool MTModelBoundaryConditionsParser::allBoundaryConditionsRead() const
+{
+    return conditionsRead == conditions.numBoundaryConditions;
+}
+
+void MTModelBoundaryConditionsParser::clear()
+{
+    conditions = MTModelBoundaryConditions();
+    conditionsRead = 0;
+    fileBytes = 0;
+    room = 0;
+}
