@@ -40,12 +40,12 @@ bool areCountsCredible(qint32 numVertices, qint32 numIndices, qint64 fileSize)
     return bytes <= allowedBytes(fileSize);
 }
 
-// Null when there is no memory for it.
+// Zeros from the first value on that the stream lacks. Null when there is no memory for it.
 template <typename Value>
 std::unique_ptr<Value[]> readArray(QDataStream& stream, qint64 count)
 {
-    std::unique_ptr<Value[]> values(new (std::nothrow) Value[static_cast<std::size_t>(count)]);
-    for (qint64 i = 0; values && i < count; ++i)
+    std::unique_ptr<Value[]> values(new (std::nothrow) Value[static_cast<std::size_t>(count)]());
+    for (qint64 i = 0; values && i < count && stream.status() == QDataStream::Ok; ++i)
         stream >> values[static_cast<std::size_t>(i)];
     return values;
 }

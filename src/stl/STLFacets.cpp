@@ -4,17 +4,52 @@
 
 #include <QDataStream>
 #include <QIODevice>
+#include <QtEndian>
 
+#include <algorithm>
 #include <limits>
 
 namespace stl {
 
 namespace {
 
+constexpr int coordinatesPerFacet = vertexBlockBytes / floatBytes;
+
 bool hasByteAt(QIODevice* device, qint64 position)
 {
     char byte = 0;
     return seekTo(device, position) && device->read(&byte, 1) == 1;
+}
+
+bool isBinaryStl(QDataStream const& stream, STLDataFormat const& format)
+{
+    return stream.byteOrder() == QDataStream::LittleEndian &&
+           stream.floatingPointPrecision() == QDataStream::SinglePrecision &&
+           format.vertexBlockSize == vertexBlockBytes && format.recordSize == facetBytes;
+}
+
+// `bytes` of the block are there; the float that they end in is missing as a whole.
+void clearMissing(QByteArray& block, qint64 bytes)
+{
+    qint64 const inRecord = bytes % facetBytes;
+    qint64 const whole = inRecord < vertexBlockBytes ? bytes - inRecord % floatBytes : bytes;
+    std::fill(block.begin() + whole, block.end(), '\0');
+}
+
+// The stream stands at the first vertex of the first facet.
+void readBlocks(QIODevice* device, int facets, float* vertices)
+{
+    constexpr int facetsAtOnce = 1000;
+    QByteArray block(facetsAtOnce * facetBytes, Qt::Uninitialized);
+    for (int done = 0; done < facets; done += facetsAtOnce) {
+        int const count = std::min(facets - done, facetsAtOnce);
+        qint64 const bytes = readFully(device, block.data(), qint64(count) * facetBytes);
+        clearMissing(block, bytes);
+        for (int facet = 0; facet < count; ++facet, vertices += coordinatesPerFacet)
+            qFromLittleEndian<float>(block.constData() + facet * facetBytes, coordinatesPerFacet, vertices);
+        if (bytes == 0)
+            return;
+    }
 }
 
 } // namespace
@@ -23,6 +58,18 @@ bool seekTo(QIODevice* device, qint64 position)
 {
     return device && !device->isSequential() && position >= 0 && position <= device->size() &&
            device->seek(position);
+}
+
+qint64 readFully(QIODevice* device, char* target, qint64 size)
+{
+    qint64 done = 0;
+    while (done < size) {
+        qint64 const bytes = device->read(target + done, size - done);
+        if (bytes <= 0)
+            break;
+        done += bytes;
+    }
+    return done;
 }
 
 int facetsPresent(QDataStream& stream, STLDataFormat const& format, int claimed, qint64 offset)
@@ -38,6 +85,29 @@ int facetsPresent(QDataStream& stream, STLDataFormat const& format, int claimed,
         (isPresent(next - 1) ? present : absent) = next;
     constexpr int limit = std::numeric_limits<int>::max() / indicesPerTriangle;
     return present <= limit ? static_cast<int>(present) : 0;
+}
+
+void readVertices(QDataStream& stream, STLDataFormat const& format, qint64 offset, int facets,
+                  float* vertices)
+{
+    if (!isBinaryStl(stream, format))
+        readVerticesOneByOne(stream, format, offset, facets, vertices);
+    else if (seekTo(stream.device(), offset))
+        readBlocks(stream.device(), facets, vertices);
+}
+
+void readVerticesOneByOne(QDataStream& stream, STLDataFormat const& format, qint64 offset, int facets,
+                          float* vertices)
+{
+    if (!seekTo(stream.device(), offset))
+        return;
+    int const floats = std::clamp(format.vertexBlockSize / floatBytes, 0, coordinatesPerFacet);
+    for (int facet = 0; facet < facets; ++facet) {
+        if (facet > 0)
+            stream.skipRawData(format.recordSize - format.vertexBlockSize);
+        for (float* const end = vertices + floats; vertices != end; ++vertices)
+            stream >> *vertices;
+    }
 }
 
 } // namespace stl

@@ -13,10 +13,22 @@ namespace stl {
 /// such a request.
 bool seekTo(QIODevice* device, qint64 position);
 
+/// Reads `size` bytes, however few the device hands out at a time. Fewer only when it gives nothing more.
+qint64 readFully(QIODevice* device, char* target, qint64 size);
+
 /// How many of `claimed` facet records from byte `offset` on (of a facet's first vertex) have vertex bytes on
 /// the device; a record cut short counts. Asks the device for bytes, as its size may be a claim as well, in
 /// as many steps as the claim has bits. 0 for a claim that is negative or has bytes for more
 /// facets than an index list of ints can hold.
 int facetsPresent(QDataStream& stream, STLDataFormat const& format, int claimed, qint64 offset);
+
+/// Reads the vertices of `facets` records from byte `offset` on, 9 floats for each, into zeros; what the
+/// device lacks stays zero. Byte order and precision are those of the stream.
+void readVertices(QDataStream& stream, STLDataFormat const& format, qint64 offset, int facets,
+                  float* vertices);
+/// The same with one extraction for each float, as `readVertices` does it for a layout other than that of
+/// STL.
+void readVerticesOneByOne(QDataStream& stream, STLDataFormat const& format, qint64 offset, int facets,
+                          float* vertices);
 
 } // namespace stl

@@ -8,7 +8,9 @@
 #include <QDataStream>
 #include <QFile>
 #include <QTextStream>
+#include <QtEndian>
 
+#include <array>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -35,11 +37,12 @@ void setBinaryStl(QDataStream& stream)
 // A device too short for the count is asked for nothing, as Qt logs a seek beyond its end.
 std::optional<quint32> readCount(QDataStream& stream, qint64 size)
 {
-    quint32 count = 0;
+    std::array<char, stl::countBytes> bytes = {};
     if (size < stl::firstFacetOffset || !stl::seekTo(stream.device(), stl::headerBytes))
         return {};
-    stream >> count;
-    return count;
+    // A count cut short reads as 0.
+    qint64 const present = stl::readFully(stream.device(), bytes.data(), stl::countBytes);
+    return present == stl::countBytes ? qFromLittleEndian<quint32>(bytes.data()) : 0;
 }
 
 std::optional<QVector3D> parseVertex(QStringView line)

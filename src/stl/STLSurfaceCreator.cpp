@@ -8,7 +8,6 @@
 #include "stl/STLTagHandler.h"
 
 #include <QDataStream>
-#include <QIODevice>
 
 #include <algorithm>
 #include <array>
@@ -19,7 +18,6 @@ namespace {
 constexpr float sharpEdgeThreshold = 0.5f;
 constexpr int verticesPerTriangle = 3;
 constexpr int coordinatesPerVertex = 3;
-constexpr int coordinatesPerTriangle = verticesPerTriangle * coordinatesPerVertex;
 constexpr int restart = -1;
 
 using Tag = std::pair<int, int>;
@@ -39,7 +37,8 @@ AttributeWord readAttributeWord(QDataStream& stream, qint64 position)
 {
     AttributeWord word;
     if (stl::seekTo(stream.device(), position))
-        word.isComplete = stream.readRawData(word.bytes.data(), stl::attributeBytes) == stl::attributeBytes;
+        word.isComplete =
+            stl::readFully(stream.device(), word.bytes.data(), stl::attributeBytes) == stl::attributeBytes;
     return word;
 }
 
@@ -201,17 +200,8 @@ std::unique_ptr<float[]> STLSurfaceCreator::getVerticesFromStream(QDataStream& s
 {
     std::size_t const size = coordinatesPerVertex * static_cast<std::size_t>(vertexCount);
     std::unique_ptr<float[]> vertices(new (std::nothrow) float[size]());
-    if (!vertices || !stl::seekTo(stream.device(), offset))
-        return vertices;
-    int const floats = std::clamp(format.vertexBlockSize / stl::floatBytes, 0, coordinatesPerTriangle);
-    int const facets = vertexCount / verticesPerTriangle;
-    float* next = vertices.get();
-    for (int facet = 0; facet < facets; ++facet) {
-        if (facet > 0)
-            stream.skipRawData(format.recordSize - format.vertexBlockSize);
-        for (float* const end = next + floats; next != end; ++next)
-            stream >> *next;
-    }
+    if (vertices)
+        stl::readVertices(stream, format, offset, vertexCount / verticesPerTriangle, vertices.get());
     return vertices;
 }
 

@@ -65,4 +65,35 @@ private:
     qint64 next = 0;
 };
 
+/// A random-access device that claims `claimedSize` bytes, has fewer, and never says that it is at its end.
+/// What is missing reads as `missing`: 0 for "nothing yet", -1 for an error.
+class LyingDevice : public QIODevice
+{
+public:
+    LyingDevice(QByteArray bytes_, qint64 claimedSize_, qint64 missing_)
+        : bytes(std::move(bytes_))
+        , claimedSize(claimedSize_)
+        , missing(missing_)
+    {}
+
+    qint64 size() const override { return claimedSize; }
+    bool atEnd() const override { return false; }
+
+protected:
+    qint64 readData(char* target, qint64 maxSize) override
+    {
+        qint64 const count = std::min(maxSize, bytes.size() - pos());
+        if (count <= 0)
+            return missing;
+        std::memcpy(target, bytes.constData() + pos(), static_cast<std::size_t>(count));
+        return count;
+    }
+    qint64 writeData(char const*, qint64) override { return -1; }
+
+private:
+    QByteArray bytes;
+    qint64 claimedSize;
+    qint64 missing;
+};
+
 } // namespace support
