@@ -1,0 +1,101 @@
+#include "differential/peers/Peers.h"
+
+#include <assimp/Exporter.hpp>
+#include <assimp/Importer.hpp>
+#include <assimp/postprocess.h>
+#include <assimp/scene.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace peers {
+
+namespace {
+
+QVector3D vectorOf(aiVector3D const& v)
+{
+    return {v.x, v.y, v.z};
+}
+
+unsigned int packed(aiColor4D const& color)
+{
+    auto const byte = [](float value) { return static_cast<unsigned int>(value * 255.0f + 0.5f) & 0xFFu; };
+    return byte(color.r) | byte(color.g) << 8 | byte(color.b) << 16 | byte(color.a) << 24;
+}
+
+void append(aiMesh const& from, PeerMesh& to)
+{
+    auto const first = static_cast<int>(to.vertices.size());
+    for (unsigned int i = 0; i < from.mNumVertices; ++i) {
+        to.vertices << vectorOf(from.mVertices[i]);
+        if (from.HasNormals())
+            to.normals << vectorOf(from.mNormals[i]);
+        if (from.HasVertexColors(0))
+            to.colors << packed(from.mColors[0][i]);
+        if (from.HasTextureCoords(0))
+            to.textureCoordinates << QVector2D(from.mTextureCoords[0][i].x, from.mTextureCoords[0][i].y);
+    }
+    auto const index = [&](unsigned int i) { return first + static_cast<int>(i); };
+    for (unsigned int i = 0; i < from.mNumFaces; ++i) {
+        aiFace const& face = from.mFaces[i];
+        if (face.mNumIndices == 3)
+            to.triangles << std::array{index(face.mIndices[0]), index(face.mIndices[1]),
+                                       index(face.mIndices[2])};
+    }
+}
+
+// The arrays belong to the mesh, which deletes them.
+std::unique_ptr<aiMesh> meshOf(geometry::Mesh const& from)
+{
+    auto mesh = std::make_unique<aiMesh>();
+    mesh->mPrimitiveTypes = aiPrimitiveType_TRIANGLE;
+    mesh->mNumVertices = static_cast<unsigned int>(from.vertices.size());
+    mesh->mVertices = new aiVector3D[mesh->mNumVertices];
+    std::transform(from.vertices.begin(), from.vertices.end(), mesh->mVertices,
+                   [](QVector3D const& v) { return aiVector3D(v.x(), v.y(), v.z()); });
+    mesh->mNumFaces = static_cast<unsigned int>(from.indices.size() / 4);
+    mesh->mFaces = new aiFace[mesh->mNumFaces];
+    for (unsigned int i = 0; i < mesh->mNumFaces; ++i) {
+        mesh->mFaces[i].mNumIndices = 3;
+        mesh->mFaces[i].mIndices = new unsigned int[3];
+        for (unsigned int corner = 0; corner < 3; ++corner)
+            mesh->mFaces[i].mIndices[corner] =
+                static_cast<unsigned int>(from.indices[qsizetype(4) * i + corner]);
+    }
+    return mesh;
+}
+
+} // namespace
+
+bool hasAssimp()
+{
+    return true;
+}
+
+std::optional<PeerMesh> loadWithAssimp(QString const& path)
+{
+    Assimp::Importer importer;
+    aiScene const* const scene = importer.ReadFile(path.toStdString(), aiProcess_Triangulate);
+    if (!scene)
+        return {};
+    PeerMesh result;
+    for (unsigned int i = 0; i < scene->mNumMeshes; ++i)
+        append(*scene->mMeshes[i], result);
+    return result;
+}
+
+bool saveWithAssimp(geometry::Mesh const& mesh, QString const& path, char const* format)
+{
+    aiScene scene;
+    scene.mNumMaterials = 1;
+    scene.mMaterials = new aiMaterial* [1] { new aiMaterial };
+    scene.mNumMeshes = 1;
+    scene.mMeshes = new aiMesh* [1] { meshOf(mesh).release() };
+    scene.mRootNode = new aiNode;
+    scene.mRootNode->mNumMeshes = 1;
+    scene.mRootNode->mMeshes = new unsigned int[1]{0};
+    Assimp::Exporter exporter;
+    return exporter.Export(&scene, format, path.toStdString()) == aiReturn_SUCCESS;
+}
+
+} // namespace peers
