@@ -142,7 +142,7 @@ void tst_STLReaderAscii::vertexLine_data()
     QTest::newRow("leading zeros") << QByteArray("vertex 01 002.5 -03") << vertex;
     QTest::newRow("tab after a number") << QByteArray("vertex 1\t 2.5\t -3\t") << vertex;
     QTest::newRow("more pieces") << QByteArray("vertex 1 2.5 -3 4 five") << vertex;
-    QTest::newRow("longer keyword") << QByteArray("vertexes 1 2.5 -3") << vertex;
+    QTest::newRow("longer keyword") << QByteArray("vertexnormal 1 2.5 -3") << vertex;
     QTest::newRow("keyword and colon") << QByteArray("vertex: 1 2.5 -3") << vertex;
     // What stands before the first space is the keyword, a number glued to it with a tab included.
     QTest::newRow("tab after the keyword") << QByteArray("vertex\t9 1 2.5 -3") << vertex;
