@@ -40,13 +40,13 @@ void clearMissing(QByteArray& block, qint64 bytes)
 void readBlocks(QIODevice* device, int facets, float* vertices)
 {
     constexpr int facetsAtOnce = 1000;
-    QByteArray block(facetsAtOnce * facetBytes, Qt::Uninitialized);
+    QByteArray block(qsizetype(facetsAtOnce) * facetBytes, Qt::Uninitialized);
     for (int done = 0; done < facets; done += facetsAtOnce) {
-        int const count = std::min(facets - done, facetsAtOnce);
-        qint64 const bytes = readFully(device, block.data(), qint64(count) * facetBytes);
+        qsizetype const size = qsizetype(std::min(facets - done, facetsAtOnce)) * facetBytes;
+        qint64 const bytes = readFully(device, block.data(), size);
         clearMissing(block, bytes);
-        for (int facet = 0; facet < count; ++facet, vertices += coordinatesPerFacet)
-            qFromLittleEndian<float>(block.constData() + facet * facetBytes, coordinatesPerFacet, vertices);
+        for (qsizetype facet = 0; facet < size; facet += facetBytes, vertices += coordinatesPerFacet)
+            qFromLittleEndian<float>(block.constData() + facet, coordinatesPerFacet, vertices);
         if (bytes == 0)
             return;
     }

@@ -1,5 +1,6 @@
 #include "stl/STLReader.h"
 
+#include "framework/NumberParsing.h"
 #include "stl/STLCleaning.h"
 #include "stl/STLFacets.h"
 #include "stl/STLLayout.h"
@@ -53,7 +54,7 @@ std::optional<QVector3D> parseVertex(QStringView line)
         // The first is the keyword, or what stands before it.
         if (piece > 0) {
             bool isNumber = false;
-            vertex[piece - 1] = text.toFloat(&isNumber);
+            vertex[piece - 1] = numbers::toFloat(text, &isNumber);
             if (!isNumber)
                 return {};
         }
