@@ -212,6 +212,8 @@ bool PLYReader::readFacesData(QDataStream& stream, PLYHeader const& header, QLis
 {
     faceColors.clear();
     PropertyList const properties = facePropertiesOf(header);
+    if (stream.atEnd())
+        return true;
     if (properties.isEmpty() && !faceColorMode)
         return !cancel;
     if (properties.isEmpty() && !hasByteForEachRow(stream, header.getFacesCount()))

@@ -112,11 +112,12 @@ qint64 PLYSource::readBody(char* target, qint64 maxSize)
 
 qsizetype PLYSource::linePieceLength(qsizetype maxSize) const
 {
-    qsizetype lineEnd = lineFeedEnd(maxSize);
-    while (lineEnd == 0 && available() <= maxSize && fill())
-        lineEnd = lineFeedEnd(maxSize);
-    if (lineEnd > 0)
-        return lineEnd;
+    qsizetype searched = 0;
+    do {
+        for (; searched + unitBytes <= std::min(available(), maxSize); searched += unitBytes)
+            if (isLineFeed(ahead.constData() + next + searched))
+                return searched + unitBytes;
+    } while (available() <= maxSize && fill());
     if (available() <= maxSize)
         return available();
     return std::max<qsizetype>(unitBytes == 1 ? asciiEnd(maxSize) : maxSize - maxSize % unitBytes, 1);
@@ -131,17 +132,6 @@ qsizetype PLYSource::asciiEnd(qsizetype maxSize) const
         if (isAscii(line[end - 1]))
             return end;
     return line[maxSize] == '\n' ? maxSize - 1 : maxSize;
-}
-
-// Length of the bytes up to and with the first line feed, or 0.
-qsizetype PLYSource::lineFeedEnd(qsizetype maxSize) const
-{
-    char const* const line = ahead.constData() + next;
-    qsizetype const size = std::min(available(), maxSize);
-    for (qsizetype end = unitBytes; end <= size; end += unitBytes)
-        if (isLineFeed(line + end - unitBytes))
-            return end;
-    return 0;
 }
 
 bool PLYSource::isLineFeed(char const* unit) const

@@ -49,7 +49,6 @@ private:
     qint64 readBody(char* target, qint64 maxSize);
     qsizetype linePieceLength(qsizetype maxSize) const;
     qsizetype asciiEnd(qsizetype maxSize) const;
-    qsizetype lineFeedEnd(qsizetype maxSize) const;
     bool isLineFeed(char const* unit) const;
     qint64 handOut(char* target, qsizetype size);
 
