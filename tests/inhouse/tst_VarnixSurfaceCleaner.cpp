@@ -3,7 +3,9 @@
 
 #include <QTest>
 
+#include <array>
 #include <atomic>
+#include <chrono>
 #include <limits>
 #include <random>
 #include <thread>
