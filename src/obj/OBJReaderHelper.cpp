@@ -9,7 +9,7 @@ utility::Optional<geometry::Mesh> OBJReaderHelper::read(QString const& fileName)
 {
     OBJReader::Error code = OBJReader::NoError;
     QFile file(fileName);
-    if (file.open(QIODevice::ReadOnly)) {
+    if (!fileName.isEmpty() && file.open(QIODevice::ReadOnly)) {
         QByteArray const bytes = file.readAll();
         file.close();
         OBJReader reader(false);

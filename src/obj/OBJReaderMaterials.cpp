@@ -25,9 +25,15 @@ bool isTextured(std::pair<QString const, OBJReader::ObjMaterial> const& entry)
 }
 
 // Also the names in an MTL file are relative to the OBJ file, wherever the MTL file lies.
-QFileInfo fileBeside(QString const& objFileName, QString const& name)
+QString pathBeside(QString const& objFileName, QString const& name)
 {
-    return QFileInfo(QFileInfo(objFileName).dir(), name);
+    return QFileInfo(objFileName).dir().absoluteFilePath(name);
+}
+
+// Qt has something to say of a path with a NUL inside; no file has one.
+bool exists(QString const& path)
+{
+    return !path.contains(QChar(u'\0')) && QFile::exists(path);
 }
 
 // A number that no int holds becomes one that no colour holds, as a conversion of it would be undefined.
@@ -53,7 +59,7 @@ std::vector<QString> OBJReader::reconstructMTLFileNames(QList<QString> const& to
     QString candidate;
     for (qsizetype i = 1; i < tokens.size(); ++i) {
         candidate += tokens[i];
-        if (fileBeside(fileName, candidate).exists()) {
+        if (exists(pathBeside(fileName, candidate))) {
             names.push_back(candidate);
             candidate.clear();
         } else {
@@ -65,17 +71,17 @@ std::vector<QString> OBJReader::reconstructMTLFileNames(QList<QString> const& to
 
 OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName)
 {
-    QFileInfo const info = fileBeside(fileName, mtlFileName);
-    if (!info.exists()) {
+    QString const path = pathBeside(fileName, mtlFileName);
+    if (!exists(path)) {
         if (mtlFileName != "NONE"_L1)
             qWarning() << "OBJReader::handleMTL"
-                       << "mtl file" << info.absoluteFilePath() << "not found";
+                       << "mtl file" << path << "not found";
         return NoMaterialFileName;
     }
-    QFile file(info.absoluteFilePath());
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         qWarning() << "OBJReader::handleMTL"
-                   << "Cannot open mtl file for read only: " << info.absoluteFilePath();
+                   << "Cannot open mtl file for read only: " << path;
         return CannotOpenMaterialFile;
     }
     materials.clear();
@@ -130,9 +136,8 @@ QColor OBJReader::readDiffuseColor(Tokens const& tokens) const
 
 OBJReader::Error OBJReader::loadTexture(QString const& textureFileName, QImage& image) const
 {
-    QFileInfo const info = fileBeside(fileName, textureFileName);
-    QString const path = info.absoluteFilePath();
-    if (!info.exists()) {
+    QString const path = pathBeside(fileName, textureFileName);
+    if (!exists(path)) {
         qWarning() << "OBJReader::loadTexture"
                    << "Texture file" << path << "not found";
         return CannotFindTextureFile;
