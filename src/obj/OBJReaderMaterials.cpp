@@ -71,8 +71,9 @@ std::vector<QString> OBJReader::reconstructMTLFileNames(QList<QString> const& to
 
 OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName)
 {
-    QString const path = pathBeside(fileName, mtlFileName);
-    if (!exists(path)) {
+    QString const given = pathBeside(fileName, mtlFileName);
+    QString const path = QDir::cleanPath(given);
+    if (!exists(given)) {
         if (mtlFileName != "NONE"_L1)
             qWarning() << "OBJReader::handleMTL"
                        << "mtl file" << path << "not found";
@@ -136,8 +137,9 @@ QColor OBJReader::readDiffuseColor(Tokens const& tokens) const
 
 OBJReader::Error OBJReader::loadTexture(QString const& textureFileName, QImage& image) const
 {
-    QString const path = pathBeside(fileName, textureFileName);
-    if (!exists(path)) {
+    QString const given = pathBeside(fileName, textureFileName);
+    QString const path = QDir::cleanPath(given);
+    if (!exists(given)) {
         qWarning() << "OBJReader::loadTexture"
                    << "Texture file" << path << "not found";
         return CannotFindTextureFile;

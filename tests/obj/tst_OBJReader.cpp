@@ -132,6 +132,8 @@ private Q_SLOTS:
     void keepsResultAfterFailure_data();
     void keepsResultAfterFailure();
     void secondReadReplacesFirst();
+    void computesNormals_data();
+    void computesNormals();
 };
 
 void tst_OBJReader::isFresh()
@@ -535,6 +537,25 @@ void tst_OBJReader::secondReadReplacesFirst()
     QCOMPARE(reader.getMesh().vertices, QList<QVector3D>({{0, 0, 0}}));
     QCOMPARE(reader.getMesh().normals, QList<QVector3D>({{1, 0, 0}}));
     QVERIFY(reader.getMesh().indices.isEmpty());
+}
+
+void tst_OBJReader::computesNormals_data()
+{
+    QTest::addColumn<bool>("sharpEdges");
+    QTest::newRow("smooth") << false;
+    QTest::newRow("sharp") << true;
+}
+
+void tst_OBJReader::computesNormals()
+{
+    // A right-angled roof: its normals are split at the ridge, or not.
+    QFETCH(bool, sharpEdges);
+    OBJReader reader(sharpEdges);
+    QCOMPARE(reader.read(QByteArray("v 0 0 0\nv 0 1 0\nv 1 0 0\nv 0 0 1\nf 1 2 3\nf 1 4 2\n"), running),
+             OBJReader::NoError);
+    QCOMPARE(reader.getMesh().indices.size(), 8);
+    QCOMPARE(reader.getMesh().normals.size(), reader.getMesh().vertices.size());
+    QCOMPARE(reader.getMesh().vertices.size(), sharpEdges ? 6 : 4);
 }
 
 QTEST_APPLESS_MAIN(tst_OBJReader)

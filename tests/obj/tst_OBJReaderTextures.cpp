@@ -26,6 +26,8 @@ void tst_OBJReaderTextures::textureNotFound()
     expect(warning("OBJReader::loadTexture", "Texture file", f.folder.path(u"t.png"_s), "not found"));
     QCOMPARE(f.readLibrary("newmtl a\nmap_Kd t.png\n"), OBJReader::CannotFindTextureFile);
     QVERIFY(f.materials()[u"a"_s].texture.isNull());
+    expect(warning("OBJReader::loadTexture", "Texture file", f.folder.path(u"t.png"_s), "not found"));
+    QCOMPARE(f.readLibrary("newmtl a\nmap_Kd ./sub/../t.png\n"), OBJReader::CannotFindTextureFile);
     // Backslashes part folders on one platform only.
 #ifndef Q_OS_WIN
     f.folder.writeImage(u"t.png"_s, support::plainImage(2, 2, Qt::blue));
