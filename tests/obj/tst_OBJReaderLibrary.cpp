@@ -350,7 +350,7 @@ void tst_OBJReaderLibrary::otherStatementsAreIgnored()
 {
     Fixture f;
     QCOMPARE(
-        f.readLibrary("newmtl a\nKa 1 0 0\nKs 1 x 0\nKe 1\nNs 250\nNi 1\nd 0.5\nTr 0.5\nillum 2\nkd 1 0 0\n"
+        f.readLibrary("newmtl a\nKa 1 0 0\nKs 1 x 0\nKe 1\nNs 250\nNi 1\n  d 0.5\nTr 0.5\nillum 2\nkd 1 0 0\n"
                       "KD 1 0 0\nKd\t1 0 0\n# Kd 1 0 0\n\n \nsharpness 60\n"),
         OBJReader::NoError);
     QCOMPARE(f.materials().size(), 1u);

@@ -339,7 +339,7 @@ void tst_OBJReaderText::ignoredLines_data()
                                    "v\t9\t9\t9",
                                    "f\t1\t2\t3",
                                    "v# 1",
-                                   "fo 1 2 3 4",
+                                   "ff 1 2 3 4",
                                    "curv 1 2",
                                    "mtllib",
                                    "MTLLIB a.mtl",
