@@ -47,6 +47,10 @@ private:
     bool readWith(Walk walk);
     bool walkSafely(Walk walk, QIODevice& device, qint64& lineNumber);
     bool readText(QIODevice& device, qint64& lineNumber);
+    bool readTextAgain(QIODevice& device, qint64& lineNumber);
+    bool readBytes(QIODevice& device, qint64& lineNumber);
+    qint64 lastRowLine() const;
+    char const* readRow(char const* row, qint64 lineNumber);
     bool parseLine(QString const& line, qint64 lineNumber);
     bool readHeader(QString const& line);
     bool readArraySizes(QString const& line);

@@ -102,10 +102,11 @@ bool sameBits(MTModelVMesh const& a, MTModelVMesh const& b)
 {
     return a.numTetrahedra == b.numTetrahedra && a.numFaces == b.numFaces &&
            a.numBoundFaces == b.numBoundFaces && a.numPoints == b.numPoints &&
-           sameBits(a.points, b.points, 3 * a.numPoints) && sameBits(a.faces, b.faces, 5 * a.numFaces) &&
-           sameBits(a.tetrahedra, b.tetrahedra, 4 * a.numTetrahedra) &&
-           sameBits(a.triangles, b.triangles, 4 * a.numFaces) &&
-           sameBits(a.boundFaces, b.boundFaces, 5 * a.numBoundFaces);
+           sameBits(a.points, b.points, qint64(3) * a.numPoints) &&
+           sameBits(a.faces, b.faces, qint64(5) * a.numFaces) &&
+           sameBits(a.tetrahedra, b.tetrahedra, qint64(4) * a.numTetrahedra) &&
+           sameBits(a.triangles, b.triangles, qint64(4) * a.numFaces) &&
+           sameBits(a.boundFaces, b.boundFaces, qint64(5) * a.numBoundFaces);
 }
 
 MTModelVMesh tetrahedralBox(int cells)

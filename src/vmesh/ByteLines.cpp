@@ -1,0 +1,70 @@
+#include "vmesh/ByteLines.h"
+
+#include <algorithm>
+
+namespace vmesh {
+
+namespace {
+
+constexpr std::size_t blockBytes = 262144;
+
+} // namespace
+
+ByteLines::ByteLines(QIODevice& device_)
+    : device(device_)
+    , buffer(blockBytes)
+{}
+
+bool ByteLines::fetch()
+{
+    if (next < wholeLines)
+        return true;
+    std::copy(buffer.begin() + next, buffer.begin() + filled, buffer.begin());
+    filled -= next;
+    next = 0;
+    wholeLines = 0;
+    while (wholeLines == 0 && readMore()) {
+    }
+    if (wholeLines == 0 && filled > 0)
+        endLastLine();
+    return wholeLines > 0;
+}
+
+bool ByteLines::readMore()
+{
+    if (static_cast<std::size_t>(filled) == buffer.size())
+        buffer.resize(2 * buffer.size());
+    char* const free = buffer.data() + filled;
+    qint64 const count = device.read(free, static_cast<qint64>(buffer.size()) - filled);
+    if (count <= 0)
+        return false;
+    qsizetype const lineFeed = QByteArrayView(free, count).lastIndexOf('\n');
+    if (lineFeed >= 0)
+        wholeLines = filled + lineFeed + 1;
+    filled += count;
+    return true;
+}
+
+void ByteLines::endLastLine()
+{
+    if (static_cast<std::size_t>(filled) == buffer.size())
+        buffer.push_back('\n');
+    else
+        buffer[static_cast<std::size_t>(filled)] = '\n';
+    wholeLines = ++filled;
+}
+
+QByteArrayView ByteLines::line() const
+{
+    qsizetype length = QByteArrayView(text(), wholeLines - next).indexOf('\n');
+    if (length > 0 && text()[length - 1] == '\r')
+        --length;
+    return QByteArrayView(text(), length);
+}
+
+void ByteLines::skipLine()
+{
+    next += QByteArrayView(text(), wholeLines - next).indexOf('\n') + 1;
+}
+
+} // namespace vmesh

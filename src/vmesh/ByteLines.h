@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QIODevice>
+
+#include <vector>
+
+namespace vmesh {
+
+/// The lines of a device as bytes, many at a time, cut as `QTextStream::readLine` cuts text of one byte a
+/// character: at line feeds, without one carriage return before the line feed or at the end of the data.
+/// Holds as much of the device as its longest line, or a block.
+class ByteLines
+{
+public:
+    /// Reads from where the device is. The device stays the caller's.
+    explicit ByteLines(QIODevice& device);
+
+    /// Sees to it that a whole line lies at `text`. False at the end of the data. Throws std::bad_alloc.
+    bool fetch();
+    /// The first byte of the line. A line feed follows sooner or later, at the end of the data too.
+    char const* text() const { return buffer.data() + next; }
+    /// The line without its end.
+    QByteArrayView line() const;
+    /// Goes on behind the line, which `end` is the end of: the byte behind its line feed.
+    void goTo(char const* end) { next = end - buffer.data(); }
+    void skipLine();
+
+private:
+    bool readMore();
+    void endLastLine();
+
+    QIODevice& device;
+    std::vector<char> buffer;
+    qsizetype next = 0;
+    qsizetype wholeLines = 0; // where the whole lines from `next` on end
+    qsizetype filled = 0;
+};
+
+} // namespace vmesh
