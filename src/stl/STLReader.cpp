@@ -11,6 +11,7 @@
 #include <QTextStream>
 #include <QtEndian>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -46,22 +47,43 @@ std::optional<quint32> readCount(QDataStream& stream, qint64 size)
     return present == stl::countBytes ? qFromLittleEndian<quint32>(bytes.data()) : 0;
 }
 
+// The text up to the next space; `line` is left with what follows.
+QStringView takePiece(QStringView& line)
+{
+    qsizetype begin = 0;
+    while (begin < line.size() && line[begin] == u' ')
+        ++begin;
+    qsizetype end = begin;
+    while (end < line.size() && line[end] != u' ')
+        ++end;
+    QStringView const piece = line.sliced(begin, end - begin);
+    line = line.sliced(end);
+    return piece;
+}
+
+// The parser is quick with bytes, which is all that a number of a known exporter needs.
+float toFloat(QStringView text, bool* ok)
+{
+    std::array<char, 32> bytes;
+    auto const isAscii = [](QChar c) { return c.unicode() < 0x80; };
+    if (text.size() > qsizetype(bytes.size()) || !std::all_of(text.begin(), text.end(), isAscii))
+        return numbers::toFloat(text, ok);
+    std::transform(text.begin(), text.end(), bytes.begin(), [](QChar c) { return c.toLatin1(); });
+    return numbers::toFloat(QLatin1StringView(bytes.data(), text.size()), ok);
+}
+
+// A missing piece is empty, and no number.
 std::optional<QVector3D> parseVertex(QStringView line)
 {
+    takePiece(line); // the keyword, or what stands before it
     QVector3D vertex;
-    int piece = 0;
-    for (QStringView const text : line.tokenize(u' ', Qt::SkipEmptyParts)) {
-        // The first is the keyword, or what stands before it.
-        if (piece > 0) {
-            bool isNumber = false;
-            vertex[piece - 1] = numbers::toFloat(text, &isNumber);
-            if (!isNumber)
-                return {};
-        }
-        if (++piece > 3)
-            return vertex;
+    for (int axis = 0; axis < 3; ++axis) {
+        bool isNumber = false;
+        vertex[axis] = toFloat(takePiece(line), &isNumber);
+        if (!isNumber)
+            return {};
     }
-    return {};
+    return vertex;
 }
 
 void appendVertex(geometry::Mesh& mesh, QVector3D const& vertex)
