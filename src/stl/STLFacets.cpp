@@ -102,9 +102,10 @@ void readVerticesOneByOne(QDataStream& stream, STLDataFormat const& format, qint
     if (!seekTo(stream.device(), offset))
         return;
     int const floats = std::clamp(format.vertexBlockSize / floatBytes, 0, coordinatesPerFacet);
+    qint64 const gap = std::max<qint64>(0, qint64(format.recordSize) - format.vertexBlockSize);
     for (int facet = 0; facet < facets; ++facet) {
         if (facet > 0)
-            stream.skipRawData(format.recordSize - format.vertexBlockSize);
+            stream.device()->skip(gap);
         for (float* const end = vertices + floats; vertices != end; ++vertices)
             stream >> *vertices;
     }
