@@ -44,15 +44,43 @@ void append(aiMesh const& from, PeerMesh& to)
     }
 }
 
+aiColor4D colorOf(unsigned int color)
+{
+    auto const channel = [&](int shift) { return static_cast<float>(color >> shift & 0xFFu) / 255.0f; };
+    return {channel(0), channel(8), channel(16), channel(24)};
+}
+
+template <typename List, typename Convert>
+auto* arrayOf(List const& list, Convert convert)
+{
+    using Element = decltype(convert(list.first()));
+    auto* const array = new Element[static_cast<std::size_t>(list.size())];
+    std::transform(list.begin(), list.end(), array, convert);
+    return array;
+}
+
 // The arrays belong to the mesh, which deletes them.
+void addVertexData(geometry::Mesh const& from, aiMesh& to)
+{
+    auto const vector = [](QVector3D const& v) { return aiVector3D(v.x(), v.y(), v.z()); };
+    to.mNumVertices = static_cast<unsigned int>(from.vertices.size());
+    to.mVertices = arrayOf(from.vertices, vector);
+    if (!from.normals.isEmpty())
+        to.mNormals = arrayOf(from.normals, vector);
+    if (!from.colors.isEmpty())
+        to.mColors[0] = arrayOf(from.colors, colorOf);
+    if (from.textureCoordinates.isEmpty())
+        return;
+    to.mNumUVComponents[0] = 2;
+    to.mTextureCoords[0] =
+        arrayOf(from.textureCoordinates, [](QVector2D const& uv) { return aiVector3D(uv.x(), uv.y(), 0); });
+}
+
 std::unique_ptr<aiMesh> meshOf(geometry::Mesh const& from)
 {
     auto mesh = std::make_unique<aiMesh>();
     mesh->mPrimitiveTypes = aiPrimitiveType_TRIANGLE;
-    mesh->mNumVertices = static_cast<unsigned int>(from.vertices.size());
-    mesh->mVertices = new aiVector3D[mesh->mNumVertices];
-    std::transform(from.vertices.begin(), from.vertices.end(), mesh->mVertices,
-                   [](QVector3D const& v) { return aiVector3D(v.x(), v.y(), v.z()); });
+    addVertexData(from, *mesh);
     mesh->mNumFaces = static_cast<unsigned int>(from.indices.size() / 4);
     mesh->mFaces = new aiFace[mesh->mNumFaces];
     for (unsigned int i = 0; i < mesh->mNumFaces; ++i) {

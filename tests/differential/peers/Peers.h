@@ -33,9 +33,10 @@ std::optional<PeerMesh> loadWithAssimp(QString const& path);
 /// "stl", "ply" or "obj" by suffix. Coincident points stay apart.
 std::optional<PeerMesh> loadWithVtk(QString const& path);
 
-/// The formats of Assimp's exporters: "stl" (ASCII), "stlb", "ply", "plyb", "obj", "objnomtl".
+/// The formats of Assimp's exporters: "stl" (ASCII), "stlb", "ply", "plyb", "obj", "objnomtl". Normals,
+/// colours and texture coordinates are handed over too.
 bool saveWithAssimp(geometry::Mesh const& mesh, QString const& path, char const* format);
-/// "stl" or "ply" by suffix.
+/// "stl" or "ply" by suffix. Normals and colours are handed over too.
 bool saveWithVtk(geometry::Mesh const& mesh, QString const& path, bool isBinary);
 
 } // namespace peers

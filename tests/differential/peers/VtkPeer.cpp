@@ -3,6 +3,7 @@
 #include <vtkCellArray.h>
 #include <vtkCommand.h>
 #include <vtkDataArray.h>
+#include <vtkFloatArray.h>
 #include <vtkNew.h>
 #include <vtkOBJReader.h>
 #include <vtkObject.h>
@@ -22,6 +23,8 @@
 namespace peers {
 
 namespace {
+
+constexpr auto colorArray = "colors";
 
 QVector3D vectorOf(double const* v)
 {
@@ -75,6 +78,23 @@ std::optional<PeerMesh> load(Reader& reader, QString const& path)
     return resultOf(*output);
 }
 
+void addPointData(geometry::Mesh const& from, vtkPolyData& to)
+{
+    vtkNew<vtkFloatArray> normals;
+    normals->SetNumberOfComponents(3);
+    for (QVector3D const& n : from.normals)
+        normals->InsertNextTuple3(double(n.x()), double(n.y()), double(n.z()));
+    if (!from.normals.isEmpty())
+        to.GetPointData()->SetNormals(normals);
+    vtkNew<vtkUnsignedCharArray> colors;
+    colors->SetNumberOfComponents(4);
+    colors->SetName(colorArray);
+    for (unsigned int const color : from.colors)
+        colors->InsertNextTuple4(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF, color >> 24);
+    if (!from.colors.isEmpty())
+        to.GetPointData()->SetScalars(colors);
+}
+
 vtkNew<vtkPolyData> polyDataOf(geometry::Mesh const& mesh)
 {
     vtkNew<vtkPoints> points;
@@ -89,6 +109,7 @@ vtkNew<vtkPolyData> polyDataOf(geometry::Mesh const& mesh)
     vtkNew<vtkPolyData> result;
     result->SetPoints(points);
     result->SetPolys(triangles);
+    addPointData(mesh, *result);
     return result;
 }
 
@@ -129,6 +150,8 @@ bool saveWithVtk(geometry::Mesh const& mesh, QString const& path, bool isBinary)
 {
     if (path.endsWith(QLatin1String("ply"), Qt::CaseInsensitive)) {
         vtkNew<vtkPLYWriter> writer;
+        writer->SetArrayName(colorArray);
+        writer->SetEnableAlpha(true);
         return save(*writer, mesh, path, isBinary);
     }
     vtkNew<vtkSTLWriter> writer;
