@@ -24,6 +24,21 @@ function(surfaceio_compile_rules target)
   endif()
 endfunction()
 
+# surfaceio_include_root(<target>): src/, the root of all includes. Where another target replaces
+# src/inhouse, its headers go by the same names and have to be found first: its folders stand in front, and
+# src/ is a system folder, because CMake makes the folders of imported targets system folders, which
+# compilers search after all others.
+function(surfaceio_include_root target)
+  if(SURFACEIO_INHOUSE_TARGET)
+    target_include_directories(${target} SYSTEM PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>")
+    target_include_directories(${target} BEFORE PUBLIC
+      "$<BUILD_INTERFACE:$<TARGET_PROPERTY:${SURFACEIO_INHOUSE_TARGET},INTERFACE_INCLUDE_DIRECTORIES>>")
+    target_compile_definitions(${target} PUBLIC "$<BUILD_INTERFACE:SURFACEIO_INHOUSE_REPLACED>")
+  else()
+    target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>")
+  endif()
+endfunction()
+
 # surfaceio_add_level(<name> LINK <targets> SOURCES <files>): one level of the house, an object
 # library that ends in libsurfaceio.so (and in the static twin that tests of private parts link).
 function(surfaceio_add_level name)
@@ -33,7 +48,7 @@ function(surfaceio_add_level name)
     AUTOMOC ON POSITION_INDEPENDENT_CODE ON
     CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   target_compile_definitions(surfaceio_${name} PRIVATE SURFACEIO_LIBRARY)
-  target_include_directories(surfaceio_${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+  surfaceio_include_root(surfaceio_${name})
   target_link_libraries(surfaceio_${name} PUBLIC surfaceio_inhouse_interface ${ARG_LINK})
   surfaceio_compile_rules(surfaceio_${name})
   set_property(GLOBAL APPEND PROPERTY SURFACEIO_LEVELS surfaceio_${name})

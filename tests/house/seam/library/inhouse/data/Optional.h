@@ -1,0 +1,10 @@
+#pragma once
+
+#include <optional>
+
+namespace utility {
+
+template <typename T>
+using Optional = std::optional<T>;
+
+} // namespace utility

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "inhouse/data/Mesh.h"
+
+namespace geometry {
+
+OTHER_INHOUSE_EXPORT Mesh unstrip(Mesh mesh);
+
+} // namespace geometry
