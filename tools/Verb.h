@@ -27,6 +27,7 @@ struct Verb
 
 extern Verb const convertVerb;
 extern Verb const infoVerb;
+extern Verb const previewVerb;
 extern Verb const sampleVerb;
 
 } // namespace tool

@@ -43,4 +43,9 @@ step "And the points: a line for each vertex of the cleaned mesh"
 run convert --force scan.array from-array.xyz
 agree scan.xyz from-array.xyz
 
+step "Pictures"
+run preview --force --output by-tag.png scan.stl
+run preview --force --output by-normal.png --by normal scan.stl
+run preview --force --output sheet.png --sheet --size 384 scan.stl
+
 printf '\nAll of it agrees. The files are in %s\n' "$PWD"

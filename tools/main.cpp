@@ -19,7 +19,7 @@ namespace {
 using namespace tool;
 
 // One row for each verb, in the order of the help.
-constexpr std::array verbs = {&infoVerb, &convertVerb, &sampleVerb};
+constexpr std::array verbs = {&infoVerb, &convertVerb, &previewVerb, &sampleVerb};
 
 struct CommonOptions
 {

@@ -41,6 +41,17 @@ private Q_SLOTS:
                                                 "3.000000 2.000000 0.000000\n"));
     }
 
+    void coincidentVerticesAreMerged()
+    {
+        write(u"in.stl"_s, binaryStl(stlFacet(0) + stlFacet(1)));
+        verify(convert({u"in.stl"_s, u"out.xyz"_s}), 0, {}, {});
+        QCOMPARE(read(u"out.xyz"_s), QByteArray("0.000000 0.000000 0.000000\n"
+                                                "1.000000 0.000000 0.000000\n"
+                                                "0.000000 2.000000 0.000000\n"
+                                                "2.000000 0.000000 0.000000\n"
+                                                "1.000000 2.000000 0.000000\n"));
+    }
+
     void toStlAndBack()
     {
         verify(convert({u"in.stl"_s, u"again.stl"_s}), 0, {}, {});

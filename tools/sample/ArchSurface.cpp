@@ -136,6 +136,7 @@ ArchSurface::Column::Column(Zone const& zone_, ArchCurve const& curve, double wi
     along = place * zone.distalSide;
     section = blend(zone.sectionAtBegin, zone.sectionAtEnd, smooth(toEnd));
     fullness = 0.0;
+    roundness = 0.0;
     if (zone.tooth == nullptr)
         return;
     double const s = sine(angle) * sine(angle);
@@ -144,17 +145,25 @@ ArchSurface::Column::Column(Zone const& zone_, ArchCurve const& curve, double wi
     Section middle = zone.tooth->middle;
     middle.height += zone.heightOffset;
     middle.lean += zone.leanOffset;
-    section = blend(section, middle, fullness);
+    // The gum waves gently from tooth to tooth; crowns meet in narrow clefts.
+    Section const ends = section;
+    roundness = 1.0 - place * place;
+    section = blend(ends, middle, fullness);
+    section.gumHalfWidth = blend(ends, middle, roundness).gumHalfWidth;
+    section.tongueGumLine = blend(ends, middle, roundness).tongueGumLine;
+    section.cheekGumLine = blend(ends, middle, roundness).cheekGumLine;
 }
 
 double ArchSurface::Column::reliefAt(double across) const
 {
+    // Fissures are no straight lines.
+    double const waved = across + 0.16 * along * (1.0 - along * along);
     double relief = 0.0;
     if (zone.tooth == nullptr)
         return relief;
     for (Cusp const& cusp : zone.tooth->cusps) {
-        double const x = (along - cusp.along) / cusp.radiusAlong;
-        double const y = (across - cusp.across) / cusp.radiusAcross;
+        double const x = (along + 0.12 * across - cusp.along) / cusp.radiusAlong;
+        double const y = (waved - cusp.across) / cusp.radiusAcross;
         relief += cusp.height * bump(x * x + y * y);
     }
     return relief * fullness;
@@ -206,9 +215,10 @@ Place3 ArchSurface::Column::gum(double side, double t) const
     constexpr double rootBulge = 0.7;
     double const gumLine = side < 0.0 ? section.tongueGumLine : section.cheekGumLine;
     double const free = std::min(1.0, t / marginLength);
-    double const foot = 5.2 + 0.0012 * distance * distance;
+    double const foot = 4.8 + 0.0006 * distance * distance;
     double const out = section.gumHalfWidth + (foot - section.gumHalfWidth) * smooth(t) +
-                       margin * free * (2.0 - free) + rootBulge * fullness * t * (1.0 - t) * (1.0 - t) * 4.0;
+                       margin * free * (2.0 - free) +
+                       rootBulge * roundness * roundness * t * (1.0 - t) * (1.0 - t) * 4.0;
     double const z = gumLine + (-gumDepth - gumLine) * t;
     return place(side * out, z, packed(mix(gumColor, deepGumColor, t)));
 }

@@ -66,8 +66,9 @@ public:
         Zone const& zone;
         ArchCurve::Place origin;
         Section section;
-        /// 0 at both ends of a tooth, 1 in its middle.
+        /// 0 at both ends of a tooth, 1 in its middle: along its crown, which is square, and along its gum.
         double fullness;
+        double roundness;
         /// -1 mesial to 1 distal.
         double along;
         double distance;

@@ -1,0 +1,145 @@
+#include "Verb.h"
+#include "convert/MeshFile.h"
+#include "inspect/Format.h"
+#include "output/OutputFile.h"
+#include "preview/Loader.h"
+#include "preview/Sheet.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+struct Options
+{
+    std::string in;
+    std::string out;
+    int size = 512;
+    std::string view = "iso";
+    std::string by = "auto";
+    bool sheet = false;
+    bool force = false;
+};
+
+struct ColouringName
+{
+    char const* name;
+    preview::Colouring colouring;
+};
+constexpr std::array colourings = {
+    ColouringName{"auto", preview::Colouring::Auto},
+    ColouringName{"tag", preview::Colouring::Tag},
+    ColouringName{"colour", preview::Colouring::Colour},
+    ColouringName{"normal", preview::Colouring::Normal},
+};
+
+preview::Colouring colouringOf(std::string const& name)
+{
+    for (ColouringName const& row : colourings) {
+        if (row.name == name)
+            return row.colouring;
+    }
+    return preview::Colouring::Auto;
+}
+
+std::vector<std::string> colouringNames()
+{
+    std::vector<std::string> names(colourings.size());
+    std::transform(colourings.begin(), colourings.end(), names.begin(),
+                   [](auto const& row) { return row.name; });
+    return names;
+}
+
+std::vector<std::string> viewNames()
+{
+    std::vector<std::string> names;
+    for (preview::View const& view : preview::views())
+        names.emplace_back(view.name.data(), static_cast<std::size_t>(view.name.size()));
+    return names;
+}
+
+ExitCode fail(ExitCode code, QString const& path, QString const& problem, Console& console)
+{
+    console.failure(path + u": "_s + problem);
+    return code;
+}
+
+ExitCode load(QString const& path, preview::Model& model, Console& console)
+{
+    if (QString const problem = whyNotRegular(path); !problem.isEmpty())
+        return fail(ExitCode::ReadOrWriteFailed, path, problem, console);
+    if (preview::load(path, model))
+        return ExitCode::Ok;
+    Inspection const inspection = inspectFile(path);
+    if (inspection.code != ExitCode::Ok)
+        return fail(inspection.code, path, inspection.problem, console);
+    return fail(ExitCode::ReadOrWriteFailed, path, u"could not be read"_s, console);
+}
+
+QImage draw(preview::Model const& model, Options const& options)
+{
+    preview::Colouring const colouring = colouringOf(options.by);
+    if (options.sheet)
+        return renderSheet(model, colouring, options.size);
+    return renderView(model, *preview::viewNamed(QLatin1StringView(options.view)), colouring, options.size);
+}
+
+QString write(OutputFile& output, QImage const& image)
+{
+    if (!image.save(output.temporaryPath(), "png"))
+        return u"could not be written"_s;
+    return output.commit(-1);
+}
+
+ExitCode run(Options const& options, Console& console)
+{
+    QString const in = QString::fromStdString(options.in);
+    QString const out = QString::fromStdString(options.out);
+    if (QFileInfo(out).suffix().compare("png"_L1, Qt::CaseInsensitive) != 0)
+        return fail(ExitCode::Usage, out, u"expected the suffix .png"_s, console);
+    OutputFile output(out);
+    if (QString const problem = output.open(options.force); !problem.isEmpty())
+        return fail(ExitCode::ReadOrWriteFailed, out, problem, console);
+    preview::Model model;
+    ExitCode const code = load(in, model, console);
+    if (code != ExitCode::Ok)
+        return code;
+    QString const problem = write(output, draw(model, options));
+    return problem.isEmpty() ? ExitCode::Ok : fail(ExitCode::ReadOrWriteFailed, out, problem, console);
+}
+
+Verb::Action setUp(CLI::App& app)
+{
+    auto const options = std::make_shared<Options>();
+    app.add_option("IN", options->in, "File to show: " + suffixesOf(meshSources()).toStdString())->required();
+    app.add_option("-o,--output", options->out, "Picture to write, .png")->required();
+    app.add_option("--size", options->size, "Width and height in pixels; with --sheet, of each view")
+        ->check(CLI::Range(16, 4096))
+        ->capture_default_str();
+    app.add_option("--view", options->view, "Where to look from: front, occlusal, left, right or iso")
+        ->check(CLI::IsMember(viewNames()).description(""))
+        ->capture_default_str();
+    app.add_option("--by", options->by, "What colours it: auto, tag, colour or normal")
+        ->check(CLI::IsMember(colouringNames()).description(""))
+        ->capture_default_str();
+    app.add_flag("--sheet", options->sheet, "All views on one picture");
+    app.add_flag("--force", options->force, "Replace the picture when it exists");
+    return [options](Console& console) { return run(*options, console); };
+}
+
+} // namespace
+
+Verb const previewVerb = {
+    "preview",
+    "Draws a picture of a mesh, without a display or a graphics card.",
+    "  surfaceio preview scan.stl -o scan.png\n"
+    "  surfaceio preview scan.stl -o sheet.png --sheet --size 384",
+    setUp,
+};
+
+} // namespace tool
