@@ -26,8 +26,11 @@ struct Verb
 };
 
 extern Verb const convertVerb;
+extern Verb const formatsVerb;
+extern Verb const headerVerb;
 extern Verb const infoVerb;
 extern Verb const previewVerb;
 extern Verb const sampleVerb;
+extern Verb const tagsVerb;
 
 } // namespace tool

@@ -19,7 +19,8 @@ namespace {
 using namespace tool;
 
 // One row for each verb, in the order of the help.
-constexpr std::array verbs = {&infoVerb, &convertVerb, &previewVerb, &sampleVerb};
+constexpr std::array verbs = {&infoVerb, &convertVerb, &previewVerb, &headerVerb,
+                              &tagsVerb, &sampleVerb,  &formatsVerb};
 
 struct CommonOptions
 {
@@ -103,8 +104,10 @@ std::vector<std::string> reversedArguments()
 ExitCode usageError(CLI::App const& program, CLI::ParseError const& error, Console& console)
 {
     QString command = QStringLiteral("surfaceio");
-    for (CLI::App const* verb : program.get_subcommands())
-        command += u' ' + QString::fromStdString(verb->get_name());
+    for (CLI::App const* app = &program; !app->get_subcommands().empty();) {
+        app = app->get_subcommands().front();
+        command += u' ' + QString::fromStdString(app->get_name());
+    }
     console.failure(QString::fromStdString(error.what()));
     console.failure(QStringLiteral("see \"%1 --help\"").arg(command));
     return ExitCode::Usage;

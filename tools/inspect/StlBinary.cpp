@@ -78,16 +78,20 @@ qint64 forEachFacet(QIODevice& device, qint64 count, std::function<void(FacetRec
     return seen;
 }
 
+void Contents::add(FacetRecord const& facet)
+{
+    Tagged& tagged = tags[facet.tag()];
+    ++tagged.facets;
+    tagged.area += facet.area();
+    for (int const corner : {0, 1, 2})
+        bounds.add(facet.corner(corner));
+}
+
 Contents contentsOf(QIODevice& device, qint64 count)
 {
     Contents contents;
-    contents.facets = forEachFacet(device, count, [&contents](FacetRecord const& facet) {
-        Contents::Tagged& tagged = contents.tags[facet.tag()];
-        ++tagged.facets;
-        tagged.area += facet.area();
-        for (int const corner : {0, 1, 2})
-            contents.bounds.add(facet.corner(corner));
-    });
+    contents.facets =
+        forEachFacet(device, count, [&contents](FacetRecord const& facet) { contents.add(facet); });
     return contents;
 }
 

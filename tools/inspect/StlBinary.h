@@ -45,6 +45,8 @@ public:
         : bytes(bytes_)
     {}
 
+    /// All 50 bytes.
+    QByteArrayView record() const { return bytes; }
     QVector3D corner(int index) const;
     FacetTag tag() const;
     /// In mm², computed in double precision.
@@ -72,6 +74,8 @@ struct Contents
     qint64 facets = 0;
     Bounds bounds;
     std::map<FacetTag, Tagged> tags;
+
+    void add(FacetRecord const& facet);
 };
 
 Contents contentsOf(QIODevice& device, qint64 count);

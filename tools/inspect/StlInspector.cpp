@@ -2,6 +2,7 @@
 #include "inspect/Formats.h"
 #include "inspect/MetadataRecord.h"
 #include "inspect/StlBinary.h"
+#include "inspect/StlReport.h"
 #include "inspect/StlText.h"
 #include "stl/STLReader.h"
 
@@ -49,13 +50,7 @@ bool addCleanedCounts(Report& report, QString const& path)
 
 void addTags(Report& report, stl::Contents const& contents)
 {
-    Table table;
-    table.columns = {{"tag"_L1, u"tag"_s},
-                     {"subTag"_L1, u"subTag"_s},
-                     {"facets"_L1, u"facets"_s},
-                     {"area"_L1, u"area (mm²)"_s}};
-    for (auto const& [tag, tagged] : contents.tags)
-        table.rows.push_back({tag.tag, tag.subTag, tagged.facets, tagged.area});
+    Table table = stl::tagTable(contents);
     QString const label = table.rows.empty() ? QString() : u"tags"_s;
     report.add("tags"_L1, label, std::move(table));
 }
@@ -153,6 +148,18 @@ void inspect(Source const& source, Inspection& inspection)
 }
 
 } // namespace
+
+Table stl::tagTable(Contents const& contents)
+{
+    Table table;
+    table.columns = {{"tag"_L1, u"tag"_s},
+                     {"subTag"_L1, u"subTag"_s},
+                     {"facets"_L1, u"facets"_s},
+                     {"area"_L1, u"area (mm²)"_s}};
+    for (auto const& [tag, tagged] : contents.tags)
+        table.rows.push_back({tag.tag, tag.subTag, tagged.facets, tagged.area});
+    return table;
+}
 
 Format const stlFormat = {"stl"_L1, "STL"_L1, "stl"_L1, recognise, inspect};
 

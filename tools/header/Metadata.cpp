@@ -1,0 +1,40 @@
+#include "header/Metadata.h"
+
+#include <QFileInfo>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+constexpr std::array rows = {
+    MetadataFormat{"stl"_L1, readStlMetadata, writeStlMetadata},
+    MetadataFormat{"ply"_L1, readPlyMetadata, writePlyMetadata},
+};
+
+} // namespace
+
+MetadataFormat const* metadataFormatFor(QString const& path)
+{
+    QString const suffix = QFileInfo(path).suffix().toLower();
+    for (MetadataFormat const& row : rows) {
+        if (QString(row.suffixes).split(u' ').contains(suffix))
+            return &row;
+    }
+    return nullptr;
+}
+
+Problem copyRest(QIODevice& in, QIODevice& out)
+{
+    constexpr qint64 chunk = 1 << 20;
+    for (QByteArray bytes = in.read(chunk); !bytes.isEmpty(); bytes = in.read(chunk)) {
+        if (out.write(bytes) != bytes.size())
+            return {ExitCode::ReadOrWriteFailed, u"could not be written: "_s + out.errorString()};
+    }
+    return {};
+}
+
+} // namespace tool

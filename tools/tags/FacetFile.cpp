@@ -1,0 +1,68 @@
+#include "tags/FacetFile.h"
+
+#include "tags/TaggedFile.h"
+
+#include <QtEndian>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace tool::tags {
+
+namespace {
+
+constexpr qsizetype geometryBytes = 48;
+
+QByteArray countBytes(qint64 count)
+{
+    QByteArray bytes(sizeof(quint32), '\0');
+    qToLittleEndian(static_cast<quint32>(count), bytes.data());
+    return bytes;
+}
+
+} // namespace
+
+FacetFile::FacetFile(QString const& path)
+    : target(path)
+    , output(path)
+{}
+
+Problem FacetFile::open(QByteArray const& header, bool mayReplace)
+{
+    if (QString const problem = output.open(mayReplace); !problem.isEmpty())
+        return {ExitCode::ReadOrWriteFailed, problem};
+    file.setFileName(output.temporaryPath());
+    if (!file.open(QIODevice::WriteOnly))
+        return {ExitCode::ReadOrWriteFailed, u"cannot be written: "_s + file.errorString()};
+    hasFailed = file.write(header + countBytes(0)) != stl::prefixBytes;
+    return {};
+}
+
+void FacetFile::append(QByteArrayView record, stl::FacetTag const& tag)
+{
+    QByteArray const attribute = attributeBytes(tag);
+    hasFailed = hasFailed || file.write(record.data(), geometryBytes) != geometryBytes ||
+                file.write(attribute) != attribute.size();
+    ++facetCount;
+}
+
+Problem FacetFile::finish()
+{
+    if (facetCount > std::numeric_limits<quint32>::max())
+        return {ExitCode::ReadOrWriteFailed,
+                u"%1 facets are more than an STL file can count"_s.arg(facetCount)};
+    bool const isWritten =
+        !hasFailed && file.seek(stl::headerBytes) && file.write(countBytes(facetCount)) == 4 && file.flush();
+    QString const reason = file.errorString();
+    file.close();
+    return isWritten ? Problem() : Problem{ExitCode::ReadOrWriteFailed, u"could not be written: "_s + reason};
+}
+
+Problem FacetFile::commit()
+{
+    QString const problem = output.commit(stl::fileBytes(facetCount));
+    return problem.isEmpty() ? Problem() : Problem{ExitCode::ReadOrWriteFailed, problem};
+}
+
+} // namespace tool::tags

@@ -1,0 +1,84 @@
+#include "Verb.h"
+#include "convert/MeshFile.h"
+#include "inspect/Format.h"
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+struct Abilities
+{
+    QString title;
+    bool isInspected = false;
+    bool isRead = false;
+    bool isWritten = false;
+};
+
+using BySuffix = std::map<QString, Abilities>;
+
+QStringList split(QLatin1StringView suffixes)
+{
+    return QString(suffixes).split(u' ', Qt::SkipEmptyParts);
+}
+
+BySuffix abilities()
+{
+    BySuffix all;
+    for (Format const& format : formats()) {
+        for (QString const& suffix : split(format.suffixes))
+            all[suffix] = {QString(format.title), true};
+    }
+    for (MeshSource const& source : meshSources()) {
+        for (QString const& suffix : split(source.suffixes))
+            all[suffix].isRead = true;
+    }
+    for (MeshTarget const& target : meshTargets()) {
+        for (QString const& suffix : split(target.suffixes)) {
+            all[suffix].isWritten = true;
+            if (all[suffix].title.isEmpty())
+                all[suffix].title = QString(target.title);
+        }
+    }
+    return all;
+}
+
+ExitCode run(bool json, Console& console)
+{
+    Table table;
+    table.columns = {{"suffix"_L1, u"suffix"_s},
+                     {"title"_L1, u"format"_s},
+                     {"info"_L1, u"info"_s},
+                     {"read"_L1, u"convert from"_s},
+                     {"write"_L1, u"convert to"_s}};
+    for (auto const& [suffix, able] : abilities())
+        table.rows.push_back({suffix, able.title, able.isInspected, able.isRead, able.isWritten});
+    Report report;
+    report.add("formats"_L1, u"formats"_s, std::move(table));
+    console.result(json ? report.json("surfaceio.formats/1"_L1) : report.text());
+    return ExitCode::Ok;
+}
+
+Verb::Action setUp(CLI::App& app)
+{
+    auto const json = std::make_shared<bool>(false);
+    app.add_flag("--json", *json, "Print JSON, schema surfaceio.formats/1");
+    return [json](Console& console) { return run(*json, console); };
+}
+
+} // namespace
+
+Verb const formatsVerb = {
+    "formats",
+    "Lists the file formats that are known, and what can be done with each.",
+    "  surfaceio formats\n"
+    "  surfaceio formats --json",
+    setUp,
+};
+
+} // namespace tool

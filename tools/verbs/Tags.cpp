@@ -1,0 +1,135 @@
+#include "Verb.h"
+#include "inspect/StlReport.h"
+#include "tags/TagWork.h"
+#include "verbs/SubVerbs.h"
+
+#include <CLI/CLI.hpp>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+struct Options
+{
+    std::string in;
+    std::vector<std::string> inputs;
+    std::string out;
+    std::vector<std::string> rules;
+    std::string pattern = "{name}-{tag}.stl";
+    std::string directory = ".";
+    bool json = false;
+    bool force = false;
+};
+
+QStringList toStrings(std::vector<std::string> const& texts)
+{
+    QStringList strings;
+    for (std::string const& text : texts)
+        strings << QString::fromStdString(text);
+    return strings;
+}
+
+ExitCode list(Options const& options, Console& console)
+{
+    QString const path = QString::fromStdString(options.in);
+    tags::TaggedFile file;
+    if (Problem const problem = file.open(path))
+        return reported(problem, path, console);
+    stl::Contents contents;
+    Problem const problem = file.forEach(
+        [&contents](QByteArrayView record, stl::FacetTag const&) { contents.add(stl::FacetRecord(record)); });
+    if (problem)
+        return reported(problem, path, console);
+    Report report;
+    report.add("path"_L1, {}, path);
+    report.add("tags"_L1, u"tags"_s, stl::tagTable(contents));
+    console.result(options.json ? report.json("surfaceio.tags/1"_L1) : report.text());
+    return ExitCode::Ok;
+}
+
+ExitCode split(Options const& options, Console& console)
+{
+    return tags::split({QString::fromStdString(options.in), QString::fromStdString(options.pattern),
+                        QString::fromStdString(options.directory), options.force},
+                       console);
+}
+
+ExitCode merge(Options const& options, Console& console)
+{
+    return tags::merge({toStrings(options.inputs), QString::fromStdString(options.out), options.force},
+                       console);
+}
+
+ExitCode relabel(Options const& options, Console& console)
+{
+    return tags::relabel({QString::fromStdString(options.in), QString::fromStdString(options.out),
+                          toStrings(options.rules), options.force},
+                         console);
+}
+
+void addList(SubVerbs& verbs, std::shared_ptr<Options> const& options)
+{
+    CLI::App& verb = verbs.add("list", "Prints the tags of a file, their facets and areas.",
+                               [options](Console& console) { return list(*options, console); });
+    verb.add_option("FILE", options->in, "A binary STL file")->required();
+    verb.add_flag("--json", options->json, "Print JSON, schema surfaceio.tags/1");
+}
+
+void addSplit(SubVerbs& verbs, std::shared_ptr<Options> const& options)
+{
+    CLI::App& verb =
+        verbs.add("split", "Writes the facets of each tag to a file of its own, and prints the names.",
+                  [options](Console& console) { return split(*options, console); });
+    verb.add_option("FILE", options->in, "A binary STL file")->required();
+    verb.add_option("--pattern", options->pattern, "Name of each file, from {name}, {tag} and {subTag}")
+        ->capture_default_str();
+    verb.add_option("-d,--directory", options->directory, "Where the files go")->capture_default_str();
+    verb.add_flag("--force", options->force, "Replace files that exist");
+}
+
+void addMerge(SubVerbs& verbs, std::shared_ptr<Options> const& options)
+{
+    CLI::App& verb = verbs.add("merge", "Puts the facets of several files into one.",
+                               [options](Console& console) { return merge(*options, console); });
+    verb.add_option("FILE", options->inputs,
+                    "Binary STL files; TAG=FILE or TAG/SUBTAG=FILE gives all facets a tag")
+        ->required();
+    verb.add_option("-o,--output", options->out, "File to write")->required();
+    verb.add_flag("--force", options->force, "Replace the file when it exists");
+}
+
+void addRelabel(SubVerbs& verbs, std::shared_ptr<Options> const& options)
+{
+    CLI::App& verb = verbs.add("relabel", "Gives facets other tags.",
+                               [options](Console& console) { return relabel(*options, console); });
+    verb.add_option("FILE", options->in, "A binary STL file")->required();
+    verb.add_option("RULE", options->rules, "OLD=NEW, each TAG, TAG/SUBTAG or *; the first that fits counts")
+        ->required();
+    verb.add_option("-o,--output", options->out, "File to write")->required();
+    verb.add_flag("--force", options->force, "Replace the file when it exists");
+}
+
+Verb::Action setUp(CLI::App& app)
+{
+    auto const options = std::make_shared<Options>();
+    SubVerbs verbs(app);
+    addList(verbs, options);
+    addSplit(verbs, options);
+    addMerge(verbs, options);
+    addRelabel(verbs, options);
+    return verbs.action();
+}
+
+} // namespace
+
+Verb const tagsVerb = {
+    "tags",
+    "Shows, splits, merges and changes the facet tags of binary STL files; coordinates keep every bit.",
+    "  surfaceio tags split scan.stl --pattern '{name}-{tag}.stl'\n"
+    "  surfaceio tags relabel scan.stl 3=31 '*=1' -o teeth.stl",
+    setUp,
+};
+
+} // namespace tool
