@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QDataStream>
+#include <QtEndian>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <limits>
+
+/// The primitives of shape-tree records. Every number is big-endian, whatever the stream is set to; floats
+/// travel as their 32 bits, so that each value comes back exactly.
+namespace shapestream {
+
+/// Reads exactly `count` bytes, in as many steps as the device needs; false when it ends before.
+bool readBytes(QDataStream& stream, char* target, int count);
+/// True when the stream took all `count` bytes.
+bool writeBytes(QDataStream& stream, char const* bytes, int count);
+
+template <typename Word>
+bool readWord(QDataStream& stream, Word& value)
+{
+    std::array<char, sizeof(Word)> bytes;
+    if (!readBytes(stream, bytes.data(), static_cast<int>(bytes.size())))
+        return false;
+    value = qFromBigEndian<Word>(bytes.data());
+    return true;
+}
+
+template <typename Word>
+bool writeWord(QDataStream& stream, Word value)
+{
+    std::array<char, sizeof(Word)> bytes;
+    qToBigEndian(value, bytes.data());
+    return writeBytes(stream, bytes.data(), static_cast<int>(bytes.size()));
+}
+
+/// A byte that is 0 or 1; anything else is damage.
+bool readFlag(QDataStream& stream, bool& flag);
+
+inline constexpr int blockBytes = 48 * 1024;
+
+/// A 32-bit count and that many items, each made of one or more `Word`s. The list grows block by block with
+/// the bytes that arrive, as a count is only a claim.
+template <typename Word, typename List>
+bool readItems(QDataStream& stream, List& list)
+{
+    using Item = typename List::value_type;
+    constexpr int itemBytes = sizeof(Item);
+    constexpr quint32 blockItems = blockBytes / itemBytes;
+    static_assert(itemBytes % sizeof(Word) == 0 && blockBytes % itemBytes == 0);
+    quint32 missing = 0;
+    if (!readWord(stream, missing))
+        return false;
+    std::array<Word, blockBytes / sizeof(Word)> block;
+    while (missing > 0) {
+        quint32 const items = std::min(missing, blockItems);
+        int const bytes = static_cast<int>(items) * itemBytes;
+        if (!readBytes(stream, reinterpret_cast<char*>(block.data()), bytes))
+            return false;
+        qFromBigEndian<Word>(block.data(), bytes / qsizetype(sizeof(Word)), block.data());
+        qsizetype const filled = list.size();
+        list.resize(filled + items);
+        std::memcpy(static_cast<void*>(list.data() + filled), block.data(), static_cast<std::size_t>(bytes));
+        missing -= items;
+    }
+    return true;
+}
+
+/// Writes what `readItems` reads. False, too, for a list that a 32-bit count cannot hold.
+template <typename Word, typename List>
+bool writeItems(QDataStream& stream, List const& list)
+{
+    using Item = typename List::value_type;
+    constexpr int itemBytes = sizeof(Item);
+    constexpr qsizetype blockItems = blockBytes / itemBytes;
+    if (list.size() > qsizetype(std::numeric_limits<quint32>::max()) ||
+        !writeWord(stream, static_cast<quint32>(list.size())))
+        return false;
+    std::array<Word, blockBytes / sizeof(Word)> block;
+    for (qsizetype begin = 0; begin < list.size(); begin += blockItems) {
+        int const bytes = static_cast<int>(std::min(list.size() - begin, blockItems)) * itemBytes;
+        std::memcpy(block.data(), list.constData() + begin, static_cast<std::size_t>(bytes));
+        qToBigEndian<Word>(block.data(), bytes / qsizetype(sizeof(Word)), block.data());
+        if (!writeBytes(stream, reinterpret_cast<char const*>(block.data()), bytes))
+            return false;
+    }
+    return true;
+}
+
+} // namespace shapestream

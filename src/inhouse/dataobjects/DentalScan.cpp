@@ -1,0 +1,3 @@
+#include "inhouse/dataobjects/DentalScan.h"
+
+DentalScan::~DentalScan() = default;

@@ -1,0 +1,3 @@
+#include "inhouse/dataobjects/SurfaceScan.h"
+
+SurfaceScan::~SurfaceScan() = default;

@@ -1,0 +1,3 @@
+#include "scene/ScanDataParser.h"
+
+ScanDataParser::~ScanDataParser() = default;
