@@ -8,7 +8,7 @@
 #include <cstring>
 #include <limits>
 
-/// The primitives of shape-tree records. Every number is big-endian, whatever the stream is set to; floats
+/// The primitives of shape-tree records. Every number is little-endian, whatever the stream is set to; floats
 /// travel as their 32 bits, so that each value comes back exactly.
 namespace shapestream {
 
@@ -23,7 +23,7 @@ bool readWord(QDataStream& stream, Word& value)
     std::array<char, sizeof(Word)> bytes;
     if (!readBytes(stream, bytes.data(), static_cast<int>(bytes.size())))
         return false;
-    value = qFromBigEndian<Word>(bytes.data());
+    value = qFromLittleEndian<Word>(bytes.data());
     return true;
 }
 
@@ -31,7 +31,7 @@ template <typename Word>
 bool writeWord(QDataStream& stream, Word value)
 {
     std::array<char, sizeof(Word)> bytes;
-    qToBigEndian(value, bytes.data());
+    qToLittleEndian(value, bytes.data());
     return writeBytes(stream, bytes.data(), static_cast<int>(bytes.size()));
 }
 
@@ -58,7 +58,7 @@ bool readItems(QDataStream& stream, List& list)
         int const bytes = static_cast<int>(items) * itemBytes;
         if (!readBytes(stream, reinterpret_cast<char*>(block.data()), bytes))
             return false;
-        qFromBigEndian<Word>(block.data(), bytes / qsizetype(sizeof(Word)), block.data());
+        qFromLittleEndian<Word>(block.data(), bytes / qsizetype(sizeof(Word)), block.data());
         qsizetype const filled = list.size();
         list.resize(filled + items);
         std::memcpy(static_cast<void*>(list.data() + filled), block.data(), static_cast<std::size_t>(bytes));
@@ -81,7 +81,7 @@ bool writeItems(QDataStream& stream, List const& list)
     for (qsizetype begin = 0; begin < list.size(); begin += blockItems) {
         int const bytes = static_cast<int>(std::min(list.size() - begin, blockItems)) * itemBytes;
         std::memcpy(block.data(), list.constData() + begin, static_cast<std::size_t>(bytes));
-        qToBigEndian<Word>(block.data(), bytes / qsizetype(sizeof(Word)), block.data());
+        qToLittleEndian<Word>(block.data(), bytes / qsizetype(sizeof(Word)), block.data());
         if (!writeBytes(stream, reinterpret_cast<char const*>(block.data()), bytes))
             return false;
     }
