@@ -26,7 +26,7 @@ bool parse(QByteArray const& bytes, QDomDocument& document)
 // No more than tells that a file is too long: a device may never end.
 QByteArray contentOf(QFile& file)
 {
-    constexpr qint64 blockBytes = 1024 * 1024;
+    constexpr qint64 blockBytes = 1024LL * 1024;
     QByteArray content;
     while (content.size() <= xmllimits::maxBytes) {
         QByteArray const block = file.read(blockBytes);

@@ -7,7 +7,7 @@
 /// destroys its tree by recursion.
 namespace xmllimits {
 
-inline constexpr qsizetype maxBytes = 64 * 1024 * 1024;
+inline constexpr qsizetype maxBytes = 64LL * 1024 * 1024;
 inline constexpr int maxDepth = 512;
 /// Attributes of one element.
 inline constexpr int maxAttributes = 256;
@@ -17,9 +17,9 @@ inline constexpr int maxTokens = 4'000'000;
 /// declaration gives defaults.
 inline constexpr qint64 maxAttributesOfAll = 16'000'000;
 /// Characters of all texts and attributes, with entities expanded, and of shapes within shapes once for each.
-inline constexpr qint64 maxCharacters = 64 * 1024 * 1024;
+inline constexpr qint64 maxCharacters = 64LL * 1024 * 1024;
 /// Bytes from "<!DOCTYPE" to its end.
-inline constexpr qsizetype maxDoctypeBytes = 64 * 1024;
+inline constexpr qsizetype maxDoctypeBytes = 64LL * 1024;
 /// Entity references within a document type declaration, where they multiply.
 inline constexpr int maxNestedReferences = 16;
 /// References to entities of the document's own, elsewhere.
