@@ -1,5 +1,6 @@
 #include "inhouse/data/Conversions.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace data {
@@ -20,7 +21,11 @@ QList<int> Conversions::toVector(int const* values, int count)
 {
     if (count < 1)
         return {};
-    return {values, values + count};
+    // Not the list's constructor from a range, which does not look whether it got its memory.
+    QList<int> list;
+    list.resize(count);
+    std::copy_n(values, count, list.data());
+    return list;
 }
 
 } // namespace data
