@@ -112,7 +112,7 @@ bool MeshReader::read(QString const& path, int* numVertices, float** vertices, f
                       int* numIndices, int** indices)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) // Qt logs an empty name
         return false;
     QDataStream stream(&file);
     stream.setVersion(QDataStream::Qt_5_15);

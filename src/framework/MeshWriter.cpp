@@ -58,7 +58,7 @@ bool MeshWriter::write(QString const& path, int numVertices, float* vertices, fl
                        int* indices)
 {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    if (path.isEmpty() || !file.open(QIODevice::WriteOnly)) // Qt logs an empty name
         return false;
     QDataStream stream(&file);
     stream.setVersion(QDataStream::Qt_5_15);

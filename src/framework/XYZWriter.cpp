@@ -17,7 +17,7 @@ QString number(float value)
 bool XYZWriter::write(QString const& path, QList<QVector3D> const& points)
 {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    if (path.isEmpty() || !file.open(QIODevice::WriteOnly)) // Qt logs an empty name
         return false;
     if (points.isEmpty())
         return false;

@@ -13,8 +13,11 @@ void cleanMesh(geometry::Mesh& mesh, int triangleCount, std::atomic<bool> const&
 {
     constexpr std::size_t coordinates = 3;
     float const* const first = mesh.getVertices();
+    // A cleaner may take a null pointer for buffers that were not set, so empty ones have some memory too.
     std::vector<float> vertices(first, first + coordinates * static_cast<std::size_t>(mesh.getNumVertices()));
     std::vector<int> indices(mesh.getIndices(), mesh.getIndices() + mesh.getNumIndices());
+    vertices.reserve(1);
+    indices.reserve(1);
 
     VarnixSurfaceCleaner cleaner;
     cleaner.setVertices(vertices.data(), mesh.getNumVertices());

@@ -15,12 +15,6 @@ namespace {
 
 constexpr int coordinatesPerFacet = vertexBlockBytes / floatBytes;
 
-bool hasByteAt(QIODevice* device, qint64 position)
-{
-    char byte = 0;
-    return seekTo(device, position) && device->read(&byte, 1) == 1;
-}
-
 bool isBinaryStl(QDataStream const& stream, STLDataFormat const& format)
 {
     return stream.byteOrder() == QDataStream::LittleEndian &&
@@ -28,23 +22,23 @@ bool isBinaryStl(QDataStream const& stream, STLDataFormat const& format)
            format.vertexBlockSize == vertexBlockBytes && format.recordSize == facetBytes;
 }
 
-// `bytes` of the block are there; the float that they end in is missing as a whole.
-void clearMissing(QByteArray& block, qint64 bytes)
+// `bytes` of the `size` asked for are there; the float that they end in is missing as a whole.
+void clearMissing(QByteArray& block, qint64 bytes, qint64 size)
 {
     qint64 const inRecord = bytes % facetBytes;
     qint64 const whole = inRecord < vertexBlockBytes ? bytes - inRecord % floatBytes : bytes;
-    std::fill(block.begin() + whole, block.end(), '\0');
+    std::fill(block.begin() + whole, block.begin() + size, '\0');
 }
 
 // The stream stands at the first vertex of the first facet.
 void readBlocks(QIODevice* device, int facets, float* vertices)
 {
     constexpr int facetsAtOnce = 1000;
-    QByteArray block(qsizetype(facetsAtOnce) * facetBytes, Qt::Uninitialized);
+    QByteArray block(qsizetype(std::min(facets, facetsAtOnce)) * facetBytes, Qt::Uninitialized);
     for (int done = 0; done < facets; done += facetsAtOnce) {
         qsizetype const size = qsizetype(std::min(facets - done, facetsAtOnce)) * facetBytes;
         qint64 const bytes = readFully(device, block.data(), size);
-        clearMissing(block, bytes);
+        clearMissing(block, bytes, size);
         for (qsizetype facet = 0; facet < size; facet += facetBytes, vertices += coordinatesPerFacet)
             qFromLittleEndian<float>(block.constData() + facet, coordinatesPerFacet, vertices);
         if (bytes == 0)
@@ -58,6 +52,18 @@ bool seekTo(QIODevice* device, qint64 position)
 {
     return device && !device->isSequential() && position >= 0 && position <= device->size() &&
            device->seek(position);
+}
+
+bool hasByteAt(QIODevice* device, qint64 position)
+{
+    char byte = 0;
+    return seekTo(device, position) && device->read(&byte, 1) == 1;
+}
+
+bool isWalkable(STLDataFormat const& format)
+{
+    return format.recordSize > 0 && format.vertexBlockSize >= 0 &&
+           format.vertexBlockSize <= format.recordSize;
 }
 
 qint64 readFully(QIODevice* device, char* target, qint64 size)
@@ -77,7 +83,7 @@ int facetsPresent(QDataStream& stream, STLDataFormat const& format, int claimed,
     auto const isPresent = [&](qint64 facet) {
         return hasByteAt(stream.device(), offset + facet * format.recordSize);
     };
-    if (claimed < 1 || !isPresent(0))
+    if (!isWalkable(format) || claimed < 1 || !isPresent(0))
         return 0;
     qint64 present = 1;
     qint64 absent = qint64(claimed) + 1;

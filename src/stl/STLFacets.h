@@ -13,13 +13,20 @@ namespace stl {
 /// such a request.
 bool seekTo(QIODevice* device, qint64 position);
 
+/// Whether there is a byte at `position`. Asks the device for it, as its size may be a claim.
+bool hasByteAt(QIODevice* device, qint64 position);
+
+/// Whether the records of `format` follow one another, each at least as long as its vertices: else no facet
+/// can be told from the next.
+bool isWalkable(STLDataFormat const& format);
+
 /// Reads `size` bytes, however few the device hands out at a time. Fewer only when it gives nothing more.
 qint64 readFully(QIODevice* device, char* target, qint64 size);
 
 /// How many of `claimed` facet records from byte `offset` on (of a facet's first vertex) have vertex bytes on
 /// the device; a record cut short counts. Asks the device for bytes, as its size may be a claim as well, in
-/// as many steps as the claim has bits. 0 for a claim that is negative or has bytes for more
-/// facets than an index list of ints can hold.
+/// as many steps as the claim has bits. 0 for a format that is not walkable, a claim that is
+/// negative, and one that has bytes for more facets than an index list of ints can hold.
 int facetsPresent(QDataStream& stream, STLDataFormat const& format, int claimed, qint64 offset);
 
 /// Reads the vertices of `facets` records from byte `offset` on, 9 floats for each, into zeros; what the

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
+#include <new>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -23,6 +25,8 @@ constexpr auto asciiStart = "solid"_L1;
 constexpr auto vertexKeyword = "vertex"_L1;
 constexpr qsizetype verticesPerTriangle = 3;
 constexpr int restart = -1;
+// Beyond, a mesh could no longer count its indices in an int.
+constexpr qsizetype mostVertices = std::numeric_limits<int>::max() / 4 * verticesPerTriangle;
 
 bool isAscii(QTextStream& stream)
 {
@@ -115,8 +119,8 @@ bool STLReader::read(std::atomic<bool> const& cancel)
 }
 
 bool STLReader::read(QIODevice* device, std::atomic<bool> const& cancel)
-{
-    if (!device || !device->open(QIODevice::ReadOnly))
+try {
+    if (!device || !device->open(QIODevice::ReadOnly) || !device->isReadable())
         return false;
     QTextStream text(device);
     if (isAscii(text))
@@ -128,10 +132,12 @@ bool STLReader::read(QIODevice* device, std::atomic<bool> const& cancel)
     QDataStream stream(device);
     setBinaryStl(stream);
     return readFacets(stream, device->size(), cancel);
+} catch (std::bad_alloc const&) {
+    return false;
 }
 
 bool STLReader::read(QByteArray const& data, std::atomic<bool> const& cancel)
-{
+try {
     if (data.isNull())
         return false;
     QTextStream text(data, QIODevice::ReadOnly);
@@ -141,6 +147,8 @@ bool STLReader::read(QByteArray const& data, std::atomic<bool> const& cancel)
     setBinaryStl(stream);
     std::atomic<bool> const never = false;
     return readFacets(stream, data.size(), never);
+} catch (std::bad_alloc const&) {
+    return false;
 }
 
 bool STLReader::isValidStlFile(QByteArray const& data)
@@ -172,8 +180,8 @@ bool STLReader::readAscii(QTextStream& stream, std::atomic<bool> const& cancel)
 {
     geometry::Mesh result;
     QString line;
-    // A device may deny its end and still give nothing.
-    while (!stream.atEnd() && stream.readLineInto(&line)) {
+    // Not until atEnd(): a device may deny its end and still give nothing, or make its data only when asked.
+    while (stream.readLineInto(&line)) {
         if (cancel) {
             cleanSTLData();
             return false;
@@ -181,7 +189,7 @@ bool STLReader::readAscii(QTextStream& stream, std::atomic<bool> const& cancel)
         if (!QStringView(line).trimmed().startsWith(vertexKeyword))
             continue;
         std::optional<QVector3D> const vertex = parseVertex(line);
-        if (!vertex)
+        if (!vertex || result.vertices.size() == mostVertices)
             return false;
         appendVertex(result, *vertex);
     }
@@ -196,7 +204,7 @@ bool STLReader::readBinary(QDataStream& stream, int const& size, std::atomic<boo
 {
     stream.setByteOrder(QDataStream::LittleEndian);
     stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
-    return readFacets(stream, size, cancel);
+    return readFacets(stream, static_cast<quint32>(size), cancel);
 }
 
 bool STLReader::readFacets(QDataStream& stream, qint64 size, std::atomic<bool> const& cancel)
@@ -212,7 +220,7 @@ bool STLReader::readFacets(QDataStream& stream, qint64 size, std::atomic<bool> c
     STLDataFormat const format = {stl::firstVertexOffset, static_cast<int>(dataSize),
                                   static_cast<int>(*count), stl::vertexBlockBytes, stl::facetBytes};
     surfaceCreator->read(stream, format, cancel);
-    return true;
+    return stream.status() != QDataStream::ReadCorruptData;
 }
 
 void STLReader::cleanSTLData()

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <new>
+#include <vector>
 
 namespace {
 
@@ -42,6 +43,18 @@ AttributeWord readAttributeWord(QDataStream& stream, qint64 position)
     return word;
 }
 
+// Surfaces on their way to a list of bare pointers, which would lose them where memory runs out.
+using OwnedSurfaces = std::vector<std::unique_ptr<STLSurfaceData>>;
+
+QList<STLSurfaceData*> handOver(OwnedSurfaces& surfaces)
+{
+    QList<STLSurfaceData*> list;
+    list.reserve(static_cast<qsizetype>(surfaces.size()));
+    for (std::unique_ptr<STLSurfaceData>& surface : surfaces)
+        list.append(surface.release());
+    return list;
+}
+
 // In place, as a tag may come back in every second facet: copying the mesh for each run would take
 // quadratic time.
 void appendMesh(geometry::Mesh& mesh, geometry::Mesh const& more)
@@ -68,10 +81,14 @@ void STLSurfaceCreator::read(QDataStream& stream, STLDataFormat const& format,
                              std::atomic<bool> const& cancel)
 {
     removeSurfaceData();
-    if (tagHandler && tagHandler->hasTags())
-        surfaces = getTaggedSurfaces(stream, format, cancel);
-    else
-        surfaces = {getSurface(stream, format, cancel)};
+    try {
+        if (tagHandler && tagHandler->hasTags())
+            surfaces = getTaggedSurfaces(stream, format, cancel);
+        else
+            surfaces = {getSurface(stream, format, cancel)};
+    } catch (std::bad_alloc const&) {
+        stream.setStatus(QDataStream::ReadCorruptData);
+    }
 }
 
 QList<STLSurfaceData*> STLSurfaceCreator::getSTLSurfaceData() const
@@ -94,8 +111,8 @@ STLSurfaceData* STLSurfaceCreator::getSurface(QDataStream& stream, STLDataFormat
                                               std::atomic<bool> const& cancel)
 {
     removeSurfaceData();
-    geometry::Mesh mesh =
-        readMesh({untagged, none, format.numberOfTriangles, format.firstVertexOffset}, stream, format);
+    int const facets = stl::facetsPresent(stream, format, format.numberOfTriangles, format.firstVertexOffset);
+    geometry::Mesh mesh = readMesh({untagged, none, facets, format.firstVertexOffset}, stream, format);
     cleanSurfaceData(mesh, cancel);
     addNormals(mesh, cancel);
     return new STLSurfaceData(untagged, mesh, {}, none);
@@ -105,23 +122,23 @@ QList<STLSurfaceData*> STLSurfaceCreator::getTaggedSurfaces(QDataStream& stream,
                                                             std::atomic<bool> const& cancel)
 {
     TagRuns const runs = getSurfaceTagDataByTag(stream, format);
-    QList<STLSurfaceData*> result;
+    OwnedSurfaces result;
     QMap<int, geometry::Mesh> rest;
     for (auto key = runs.cbegin(); key != runs.cend(); ++key) {
         std::optional<geometry::Mesh> mesh = createMeshFromRuns(key.value(), stream, format, cancel);
         if (!mesh)
-            return result;
+            return handOver(result);
         auto const [tag, subTag] = key.key();
         std::unique_ptr<STLSurfaceData> surface(createCleanedSTLSurfaceDataFromMesh(tag, subTag, *mesh));
         if (tagHandler->isAllowed(tag))
-            result.append(surface.release());
+            result.push_back(std::move(surface));
         else
             addToRest(rest[subTag], surface->getMesh());
     }
     for (auto mesh = rest.begin(); mesh != rest.end(); ++mesh)
         if (!mesh->isNull())
-            result.append(createCleanedSTLSurfaceDataFromMesh(none, mesh.key(), *mesh));
-    return result;
+            result.emplace_back(createCleanedSTLSurfaceDataFromMesh(none, mesh.key(), *mesh));
+    return handOver(result);
 }
 
 STLSurfaceCreator::TagRuns STLSurfaceCreator::getSurfaceTagDataByTag(QDataStream& stream,
@@ -130,10 +147,12 @@ STLSurfaceCreator::TagRuns STLSurfaceCreator::getSurfaceTagDataByTag(QDataStream
     TagRuns runs;
     Tag current = {none, none};
     STLTagSurfaceData run = {};
-    bool isThere = format.recordSize > 0;
+    bool isThere = stl::isWalkable(format);
     for (qint64 position = format.firstVertexOffset; isThere && position < format.dataSize;
          position += format.recordSize) {
         AttributeWord const word = readAttributeWord(stream, position + format.vertexBlockSize);
+        if (!word.isComplete && !stl::hasByteAt(stream.device(), position))
+            break;
         auto const [tag, subTag] = word.tag();
         if (current != word.tag()) {
             if (current.first != none)
@@ -183,13 +202,13 @@ geometry::Mesh STLSurfaceCreator::createMeshFromSurfaceData(STLTagSurfaceData co
 geometry::Mesh STLSurfaceCreator::readMesh(STLTagSurfaceData const& run, QDataStream& stream,
                                            STLDataFormat const& format) const
 {
-    int const triangles = stl::facetsPresent(stream, format, run.numberOfTriangles, run.streamOffset);
+    int const triangles = run.numberOfTriangles;
     int const vertexCount = verticesPerTriangle * triangles;
     int const indexCount = stl::indicesPerTriangle * triangles;
     auto const vertices = getVerticesFromStream(stream, format, vertexCount, run.streamOffset);
     auto const indices = getStripsFromStream(triangles, indexCount);
     if (!vertices || !indices)
-        return {};
+        throw std::bad_alloc();
     return {data::Conversions::toVector(vertices.get(), vertexCount),
             data::Conversions::toVector(indices.get(), indexCount)};
 }

@@ -53,6 +53,8 @@ public:
     /// `cancel` is polled before each key and each further run of a key when splitting by tags, and the
     /// surfaces made so far stay; without tags it reaches the cleaner and the normals, and the one surface
     /// may be empty.
+    ///
+    /// Where memory runs out no surface is held, and the stream's status is `QDataStream::ReadCorruptData`.
     virtual void read(QDataStream& stream, STLDataFormat const& format, std::atomic<bool> const& cancel);
 
     /// The surfaces held; they stay owned here.

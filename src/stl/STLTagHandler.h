@@ -34,6 +34,8 @@ public:
     explicit InclusiveTagHandler(QList<int> const& tags);
     InclusiveTagHandler(InclusiveTagHandler const&) = default;
     InclusiveTagHandler(InclusiveTagHandler&&) = default;
+    InclusiveTagHandler& operator=(InclusiveTagHandler const&) = default;
+    InclusiveTagHandler& operator=(InclusiveTagHandler&&) = default;
     ~InclusiveTagHandler() override;
 
     bool isAllowed(int tag) const override;
@@ -46,6 +48,8 @@ public:
     explicit ExclusiveTagHandler(QList<int> const& tags);
     ExclusiveTagHandler(ExclusiveTagHandler const&) = default;
     ExclusiveTagHandler(ExclusiveTagHandler&&) = default;
+    ExclusiveTagHandler& operator=(ExclusiveTagHandler const&) = default;
+    ExclusiveTagHandler& operator=(ExclusiveTagHandler&&) = default;
     ~ExclusiveTagHandler() override;
 
     bool isAllowed(int tag) const override;

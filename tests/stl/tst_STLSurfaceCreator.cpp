@@ -353,6 +353,7 @@ void tst_STLSurfaceCreator::formatThatLeadsNowhere_data()
     QTest::newRow("largest") << most << most << most << most << most;
     QTest::newRow("smallest") << least << least << least << least << least;
     QTest::newRow("records of no length") << 96 << most << most << 36 << 0;
+    QTest::newRow("many records of no length") << 96 << 184 << 20'000'000 << 36 << 0;
     QTest::newRow("records that go back") << 96 << most << most << 36 << -50;
     QTest::newRow("offset before the start") << -96 << 134 << 1 << 36 << 50;
     QTest::newRow("blocks longer than records") << 96 << 134 << 1 << 5000 << 50;
