@@ -28,9 +28,27 @@ constexpr int restart = -1;
 // Beyond, a mesh could no longer count its indices in an int.
 constexpr qsizetype mostVertices = std::numeric_limits<int>::max() / 4 * verticesPerTriangle;
 
+QString withoutLeadingSpace(QString const& text)
+{
+    auto const begin = std::find_if_not(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
+    return text.last(text.end() - begin);
+}
+
+// Reads the first line, in parts: binary data may have gigabytes before its first line feed.
 bool isAscii(QTextStream& stream)
 {
-    return QStringView(stream.readLine()).trimmed().startsWith(asciiStart);
+    constexpr qint64 partLength = 4096;
+    QString start;
+    QString part;
+    do {
+        part = stream.readLine(partLength);
+        start = withoutLeadingSpace(start + part);
+    } while (part.size() == partLength && start.size() < asciiStart.size());
+    if (!start.startsWith(asciiStart))
+        return false;
+    while (part.size() == partLength)
+        part = stream.readLine(partLength);
+    return true;
 }
 
 void setBinaryStl(QDataStream& stream)

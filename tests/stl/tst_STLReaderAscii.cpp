@@ -46,6 +46,8 @@ private Q_SLOTS:
     void facets();
     void firstLine_data();
     void firstLine();
+    void longFirstLine_data();
+    void longFirstLine();
     void otherLinesAreSkipped();
     void vertexLine_data();
     void vertexLine();
@@ -114,6 +116,41 @@ void tst_STLReaderAscii::firstLine()
     STLReader reader(nullptr, false, {});
     QCOMPARE(readBoth(reader, text), isAscii);
     QCOMPARE(cornersOf(reader.getMesh()), isAscii ? cornersOf(twoFacets) : QList<QVector3D>());
+}
+
+void tst_STLReaderAscii::longFirstLine_data()
+{
+    QTest::addColumn<QByteArray>("start");
+    QTest::addColumn<QByteArray>("end");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("isAscii");
+    for (int const length : {100, 4094, 4095, 4096, 4097, 8191, 8192, 8193, 16384, 100000}) {
+        QTest::addRow("name, %d", length) << QByteArray("solid") << QByteArray("x") << length << true;
+        QTest::addRow("vertex at the end, %d", length)
+            << QByteArray("solid") << QByteArray("vertex 1 2 3") << length << true;
+        QTest::addRow("indented, %d", length) << QByteArray() << QByteArray("solid") << length << true;
+        QTest::addRow("words, %d", length) << QByteArray("so") << QByteArray("lid") << length << false;
+        QTest::addRow("word before, %d", length) << QByteArray("x") << QByteArray("solid") << length << false;
+    }
+}
+
+// The first line is read in parts; nothing of it counts as a line of its own.
+void tst_STLReaderAscii::longFirstLine()
+{
+    QFETCH(QByteArray, start);
+    QFETCH(QByteArray, end);
+    QFETCH(int, length);
+    QFETCH(bool, isAscii);
+    QByteArray const line = start + QByteArray(length - start.size() - end.size(), ' ') + end;
+    for (QByteArray const& lineEnd : {QByteArray("\n"), QByteArray("\r\n")}) {
+        QByteArray text = asciiStl(twoFacets);
+        text.replace(0, text.indexOf('\n') + 1, line + lineEnd);
+        STLReader reader(nullptr, false, {});
+        QCOMPARE(readBoth(reader, text), isAscii);
+        QCOMPARE(cornersOf(reader.getMesh()), isAscii ? cornersOf(twoFacets) : QList<QVector3D>());
+    }
+    STLReader reader(nullptr, false, {});
+    QVERIFY(!readBoth(reader, line));
 }
 
 void tst_STLReaderAscii::otherLinesAreSkipped()
