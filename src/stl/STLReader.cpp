@@ -117,6 +117,17 @@ void appendVertex(geometry::Mesh& mesh, QVector3D const& vertex)
     mesh.vertices.append(vertex);
 }
 
+// Want of memory is a failure like any other.
+template <typename Step>
+bool succeeds(Step const& step)
+{
+    try {
+        return step();
+    } catch (std::bad_alloc const&) {
+        return false;
+    }
+}
+
 } // namespace
 
 STLReader::STLReader(STLTagHandler const* tagHandler, bool sharpEdges_, QString const& fileName_)
@@ -137,7 +148,17 @@ bool STLReader::read(std::atomic<bool> const& cancel)
 }
 
 bool STLReader::read(QIODevice* device, std::atomic<bool> const& cancel)
-try {
+{
+    return succeeds([&] { return readFromDevice(device, cancel); });
+}
+
+bool STLReader::read(QByteArray const& data, std::atomic<bool> const& cancel)
+{
+    return succeeds([&] { return readFromBytes(data, cancel); });
+}
+
+bool STLReader::readFromDevice(QIODevice* device, std::atomic<bool> const& cancel)
+{
     if (!device || !device->open(QIODevice::ReadOnly) || !device->isReadable())
         return false;
     QTextStream text(device);
@@ -150,12 +171,10 @@ try {
     QDataStream stream(device);
     setBinaryStl(stream);
     return readFacets(stream, device->size(), cancel);
-} catch (std::bad_alloc const&) {
-    return false;
 }
 
-bool STLReader::read(QByteArray const& data, std::atomic<bool> const& cancel)
-try {
+bool STLReader::readFromBytes(QByteArray const& data, std::atomic<bool> const& cancel)
+{
     if (data.isNull())
         return false;
     QTextStream text(data, QIODevice::ReadOnly);
@@ -165,8 +184,6 @@ try {
     setBinaryStl(stream);
     std::atomic<bool> const never = false;
     return readFacets(stream, data.size(), never);
-} catch (std::bad_alloc const&) {
-    return false;
 }
 
 bool STLReader::isValidStlFile(QByteArray const& data)
@@ -238,7 +255,7 @@ bool STLReader::readFacets(QDataStream& stream, qint64 size, std::atomic<bool> c
     STLDataFormat const format = {stl::firstVertexOffset, static_cast<int>(dataSize),
                                   static_cast<int>(*count), stl::vertexBlockBytes, stl::facetBytes};
     surfaceCreator->read(stream, format, cancel);
-    return stream.status() != QDataStream::ReadCorruptData;
+    return !surfaceCreator->ranOutOfMemory();
 }
 
 void STLReader::cleanSTLData()

@@ -50,9 +50,9 @@ public:
     /// `cancel` is polled for each line (ASCII: the mesh held from an earlier read is then cleaned once more)
     /// or before the facets (binary), and by the steps of `STLSurfaceCreator::read`.
     ///
-    /// False leaves the results of earlier reads as they were, but for cancellation, and for an ASCII file
-    /// without a usable facet, which leaves an empty mesh. True for a binary file whose length fits, whatever
-    /// surfaces it gives.
+    /// False leaves the results of earlier reads as they were, but for cancellation, for an ASCII file
+    /// without a usable facet, which leaves an empty mesh, and for want of memory. True for a binary file
+    /// whose length fits, whatever surfaces it gives.
     bool read(QIODevice* device, std::atomic<bool> const& cancel);
     /// Reads `data` in the same way. A null array fails. `cancel` does not stop binary data.
     bool read(QByteArray const& data, std::atomic<bool> const& cancel);
@@ -70,6 +70,8 @@ public:
     QList<STLSurfaceData*> takeSTLSurfaceDataSets() const;
 
 private:
+    bool readFromDevice(QIODevice* device, std::atomic<bool> const& cancel);
+    bool readFromBytes(QByteArray const& data, std::atomic<bool> const& cancel);
     bool readAscii(QTextStream& stream, std::atomic<bool> const& cancel);
     bool readBinary(QDataStream& stream, int const& size, std::atomic<bool> const& cancel);
     bool readFacets(QDataStream& stream, qint64 size, std::atomic<bool> const& cancel);

@@ -43,16 +43,14 @@ AttributeWord readAttributeWord(QDataStream& stream, qint64 position)
     return word;
 }
 
-// Surfaces on their way to a list of bare pointers, which would lose them where memory runs out.
 using OwnedSurfaces = std::vector<std::unique_ptr<STLSurfaceData>>;
 
-QList<STLSurfaceData*> handOver(OwnedSurfaces& surfaces)
+QList<STLSurfaceData*> handedOut(OwnedSurfaces& surfaces)
 {
-    QList<STLSurfaceData*> list;
-    list.reserve(static_cast<qsizetype>(surfaces.size()));
-    for (std::unique_ptr<STLSurfaceData>& surface : surfaces)
-        list.append(surface.release());
-    return list;
+    QList<STLSurfaceData*> result(static_cast<qsizetype>(surfaces.size()));
+    std::transform(surfaces.begin(), surfaces.end(), result.begin(),
+                   [](std::unique_ptr<STLSurfaceData>& surface) { return surface.release(); });
+    return result;
 }
 
 // In place, as a tag may come back in every second facet: copying the mesh for each run would take
@@ -81,14 +79,26 @@ void STLSurfaceCreator::read(QDataStream& stream, STLDataFormat const& format,
                              std::atomic<bool> const& cancel)
 {
     removeSurfaceData();
+    isOutOfMemory = false;
     try {
-        if (tagHandler && tagHandler->hasTags())
-            surfaces = getTaggedSurfaces(stream, format, cancel);
-        else
-            surfaces = {getSurface(stream, format, cancel)};
+        readSurfaces(stream, format, cancel);
     } catch (std::bad_alloc const&) {
-        stream.setStatus(QDataStream::ReadCorruptData);
+        isOutOfMemory = true;
     }
+}
+
+bool STLSurfaceCreator::ranOutOfMemory() const
+{
+    return isOutOfMemory;
+}
+
+void STLSurfaceCreator::readSurfaces(QDataStream& stream, STLDataFormat const& format,
+                                     std::atomic<bool> const& cancel)
+{
+    if (tagHandler && tagHandler->hasTags())
+        surfaces = getTaggedSurfaces(stream, format, cancel);
+    else
+        surfaces = {getSurface(stream, format, cancel)};
 }
 
 QList<STLSurfaceData*> STLSurfaceCreator::getSTLSurfaceData() const
@@ -127,7 +137,7 @@ QList<STLSurfaceData*> STLSurfaceCreator::getTaggedSurfaces(QDataStream& stream,
     for (auto key = runs.cbegin(); key != runs.cend(); ++key) {
         std::optional<geometry::Mesh> mesh = createMeshFromRuns(key.value(), stream, format, cancel);
         if (!mesh)
-            return handOver(result);
+            return handedOut(result);
         auto const [tag, subTag] = key.key();
         std::unique_ptr<STLSurfaceData> surface(createCleanedSTLSurfaceDataFromMesh(tag, subTag, *mesh));
         if (tagHandler->isAllowed(tag))
@@ -138,7 +148,7 @@ QList<STLSurfaceData*> STLSurfaceCreator::getTaggedSurfaces(QDataStream& stream,
     for (auto mesh = rest.begin(); mesh != rest.end(); ++mesh)
         if (!mesh->isNull())
             result.emplace_back(createCleanedSTLSurfaceDataFromMesh(none, mesh.key(), *mesh));
-    return handOver(result);
+    return handedOut(result);
 }
 
 STLSurfaceCreator::TagRuns STLSurfaceCreator::getSurfaceTagDataByTag(QDataStream& stream,
@@ -207,8 +217,6 @@ geometry::Mesh STLSurfaceCreator::readMesh(STLTagSurfaceData const& run, QDataSt
     int const indexCount = stl::indicesPerTriangle * triangles;
     auto const vertices = getVerticesFromStream(stream, format, vertexCount, run.streamOffset);
     auto const indices = getStripsFromStream(triangles, indexCount);
-    if (!vertices || !indices)
-        throw std::bad_alloc();
     return {data::Conversions::toVector(vertices.get(), vertexCount),
             data::Conversions::toVector(indices.get(), indexCount)};
 }
@@ -218,16 +226,15 @@ std::unique_ptr<float[]> STLSurfaceCreator::getVerticesFromStream(QDataStream& s
                                                                   int vertexCount, int offset) const
 {
     std::size_t const size = coordinatesPerVertex * static_cast<std::size_t>(vertexCount);
-    std::unique_ptr<float[]> vertices(new (std::nothrow) float[size]());
-    if (vertices)
-        stl::readVertices(stream, format, offset, vertexCount / verticesPerTriangle, vertices.get());
+    auto vertices = std::make_unique<float[]>(size);
+    stl::readVertices(stream, format, offset, vertexCount / verticesPerTriangle, vertices.get());
     return vertices;
 }
 
 std::unique_ptr<int[]> STLSurfaceCreator::getStripsFromStream(int triangleCount, int indexCount) const
 {
-    std::unique_ptr<int[]> strips(new (std::nothrow) int[static_cast<std::size_t>(indexCount)]());
-    int const triangles = strips ? std::min(triangleCount, indexCount / stl::indicesPerTriangle) : 0;
+    auto strips = std::make_unique<int[]>(static_cast<std::size_t>(indexCount));
+    int const triangles = std::min(triangleCount, indexCount / stl::indicesPerTriangle);
     int* next = strips.get();
     for (int index = 0; index < verticesPerTriangle * triangles; index += verticesPerTriangle) {
         *next++ = index;

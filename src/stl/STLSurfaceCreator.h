@@ -52,10 +52,10 @@ public:
     ///
     /// `cancel` is polled before each key and each further run of a key when splitting by tags, and the
     /// surfaces made so far stay; without tags it reaches the cleaner and the normals, and the one surface
-    /// may be empty.
-    ///
-    /// Where memory runs out no surface is held, and the stream's status is `QDataStream::ReadCorruptData`.
+    /// may be empty. Where memory does not suffice nothing is held afterwards, and `ranOutOfMemory` says so.
     virtual void read(QDataStream& stream, STLDataFormat const& format, std::atomic<bool> const& cancel);
+    /// Whether memory did not suffice for the last read.
+    bool ranOutOfMemory() const;
 
     /// The surfaces held; they stay owned here.
     QList<STLSurfaceData*> getSTLSurfaceData() const;
@@ -66,6 +66,7 @@ private:
     using Tag = std::pair<int, int>;
     using TagRuns = QMap<Tag, QList<STLTagSurfaceData>>;
 
+    void readSurfaces(QDataStream& stream, STLDataFormat const& format, std::atomic<bool> const& cancel);
     void removeSurfaceData();
     STLSurfaceData* getSurface(QDataStream& stream, STLDataFormat const& format,
                                std::atomic<bool> const& cancel);
@@ -92,4 +93,5 @@ private:
     QList<STLSurfaceData*> surfaces;
     STLTagHandler const* tagHandler;
     bool sharpEdges;
+    bool isOutOfMemory = false;
 };

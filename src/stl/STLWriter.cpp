@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <utility>
 
 namespace {
@@ -84,7 +85,12 @@ bool STLWriter::write(QByteArray& out)
 {
     QDataStream stream(&out, QIODevice::WriteOnly);
     stream.setVersion(QDataStream::Qt_5_15);
-    return writeData(stream);
+    try {
+        return writeData(stream);
+    } catch (std::bad_alloc const&) {
+        errorMessage = QObject::tr("Writing failed!");
+        return false;
+    }
 }
 
 QString STLWriter::getErrorMessage() const
