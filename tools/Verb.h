@@ -25,6 +25,7 @@ struct Verb
     Action (*setUp)(CLI::App& options);
 };
 
+extern Verb const checkVerb;
 extern Verb const convertVerb;
 extern Verb const formatsVerb;
 extern Verb const headerVerb;

@@ -4,6 +4,8 @@
 #include "framework/MeshWriter.h"
 #include "framework/XYZWriter.h"
 #include "inhouse/data/Unstrip.h"
+#include "volume/BoundarySurface.h"
+#include "volume/VolumeFindings.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -49,6 +51,16 @@ bool readArrayRecord(QString const& path, MeshFile& file)
     std::unique_ptr<int[]> const indexOwner(indices);
     file.mesh = geometry::Mesh(toVectors(vertices, vertexCount), QList<int>(indices, indices + indexCount),
                                toVectors(normals, vertexCount));
+    return true;
+}
+
+// Refused where a row refers to something that is not there; the inspector then says which.
+bool readBoundary(QString const& path, MeshFile& file)
+{
+    VolumeFile const volume = readVolumeFile(path);
+    if (!volume.problem.isEmpty() || findingsOf(volume).badReferenceCount > 0)
+        return false;
+    file.mesh = boundarySurfaceOf(volume.mesh);
     return true;
 }
 
@@ -112,6 +124,7 @@ qint64 xyzBytes(QString const& path, MeshFile const& mesh)
 constexpr std::array sources = {
     MeshSource{"stl"_L1, readThroughFacade},
     MeshSource{"array"_L1, readArrayRecord},
+    MeshSource{"vmesh"_L1, readBoundary},
 };
 
 constexpr std::array targets = {

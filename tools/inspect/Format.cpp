@@ -9,21 +9,15 @@ namespace tool {
 
 namespace {
 
-struct Recognition
-{
-    Format const* format = nullptr;
-    QString how;
-};
-
-Recognition recognise(Source const& source)
+std::optional<RecognisedFile> recognise(Source const& source)
 {
     for (Format const& format : formats()) {
         if (QString const how = format.recognise(source); !how.isEmpty())
-            return {&format, how};
+            return RecognisedFile{source, &format, how};
     }
     for (Format const& format : formats()) {
         if (hasSuffix(format, source.path))
-            return {&format, u"by its suffix only"_s};
+            return RecognisedFile{source, &format, u"by its suffix only"_s};
     }
     return {};
 }
@@ -70,25 +64,32 @@ bool hasSuffix(Format const& format, QString const& path)
     return QString(format.suffixes).split(u' ', Qt::SkipEmptyParts).contains(suffix);
 }
 
+std::optional<RecognisedFile> recogniseFile(QString const& path, Inspection& inspection)
+{
+    std::optional<Source> const source = open(path, inspection);
+    if (!source)
+        return {};
+    std::optional<RecognisedFile> const file = recognise(*source);
+    if (!file) {
+        inspection.report.add("bytes"_L1, u"size in bytes"_s, source->size);
+        inspection.fail(ExitCode::Unsupported,
+                        u"neither the content nor the suffix is that of a format known here"_s);
+    }
+    return file;
+}
+
 Inspection inspectFile(QString const& path)
 {
     Inspection inspection;
     inspection.report.add("path"_L1, {}, path);
-    std::optional<Source> const source = open(path, inspection);
-    if (!source)
+    std::optional<RecognisedFile> const file = recogniseFile(path, inspection);
+    if (!file)
         return inspection;
-    Recognition const recognition = recognise(*source);
-    if (recognition.format == nullptr) {
-        inspection.report.add("bytes"_L1, u"size in bytes"_s, source->size);
-        inspection.fail(ExitCode::Unsupported,
-                        u"neither the content nor the suffix is that of a format known here"_s);
-        return inspection;
-    }
-    inspection.report.add("format"_L1, u"format"_s, recognition.format->title);
-    inspection.report.add("formatName"_L1, {}, recognition.format->name);
-    inspection.report.add("recognisedBy"_L1, u"recognised"_s, recognition.how);
-    inspection.report.add("bytes"_L1, u"size in bytes"_s, source->size);
-    recognition.format->inspect(*source, inspection);
+    inspection.report.add("format"_L1, u"format"_s, file->format->title);
+    inspection.report.add("formatName"_L1, {}, file->format->name);
+    inspection.report.add("recognisedBy"_L1, u"recognised"_s, file->how);
+    inspection.report.add("bytes"_L1, u"size in bytes"_s, file->source.size);
+    file->format->inspect(file->source, inspection);
     return inspection;
 }
 

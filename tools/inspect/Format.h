@@ -33,6 +33,8 @@ struct Inspection
     void fail(ExitCode code, QString const& problem);
 };
 
+class Check;
+
 /// One file format, as a row of the table in Formats.cpp.
 struct Format
 {
@@ -46,6 +48,8 @@ struct Format
     QString (*recognise)(Source const& source);
     /// Looks into a file that was recognised, or that has one of the suffixes.
     void (*inspect)(Source const& source, Inspection& inspection);
+    /// Looks for everything that is wrong with such a file. Null where `inspect` finds it all.
+    void (*check)(Check& check) = nullptr;
 };
 
 /// All formats; a file belongs to the first that recognises it.
@@ -55,6 +59,19 @@ bool hasSuffix(Format const& format, QString const& path);
 
 /// Why the path is not that of a regular file, links followed; empty when it is. Opens nothing.
 QString whyNotRegular(QString const& path);
+
+/// A file whose format is known.
+struct RecognisedFile
+{
+    Source source;
+    Format const* format = nullptr;
+    /// How it was recognised.
+    QString how;
+};
+
+/// Opens and recognises the file at `path`. Nothing, and a failed inspection, when either is impossible.
+/// Never waits on a pipe or a device.
+std::optional<RecognisedFile> recogniseFile(QString const& path, Inspection& inspection);
 
 /// Opens and recognises the file at `path`, and has it inspected. Never waits on a pipe or a device.
 Inspection inspectFile(QString const& path);

@@ -6,6 +6,8 @@ namespace tool {
 
 // One inspector for each format, in a file of its own.
 extern Format const arrayFormat;
+extern Format const conditionsFormat;
 extern Format const stlFormat;
+extern Format const volumeFormat;
 
 } // namespace tool

@@ -1,0 +1,87 @@
+#include "check/Check.h"
+#include "check/Checkers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+constexpr qint64 mostShown = 20;
+constexpr qint64 components = 3;
+
+qint32 pointCount(CheckContext const& context)
+{
+    return context.volume ? context.volume->mesh.numPoints : std::numeric_limits<qint32>::max();
+}
+
+QString badPoint(CheckContext const& context, qint64 condition, qint32 point)
+{
+    QString const range = context.volume
+                              ? u"%1 has %2 points"_s.arg(context.volumePath).arg(pointCount(context))
+                              : u"points count from 0"_s;
+    return u"line %1: a condition refers to point %2; %3"_s.arg(
+        QString::number(ConditionsFile::lineOfCondition(condition)), QString::number(point), range);
+}
+
+void checkReferences(Check& check, MTModelBoundaryConditions const& conditions)
+{
+    qint64 bad = 0;
+    for (qint64 k = 0; k < conditions.numBoundaryConditions; ++k) {
+        qint32 const point = conditions.pointIndices.data()[k];
+        if (point >= 0 && point < pointCount(check.context))
+            continue;
+        if (++bad <= mostShown)
+            check.error("bad-reference"_L1, badPoint(check.context, k, point),
+                        u"take the volume mesh that the conditions were made for"_s);
+    }
+    if (bad > mostShown)
+        check.note("more-bad-references"_L1, u"%1 more references of this kind"_s.arg(bad - mostShown));
+}
+
+void checkRepetitions(Check& check, MTModelBoundaryConditions const& conditions)
+{
+    qint32 const* const first = conditions.pointIndices.data();
+    std::vector<qint32> points(first, first + conditions.numBoundaryConditions);
+    std::sort(points.begin(), points.end());
+    auto const different = std::unique(points.begin(), points.end()) - points.begin();
+    if (different != conditions.numBoundaryConditions)
+        check.warning(
+            "repeated-points"_L1,
+            u"%1 conditions are for %2 points"_s.arg(conditions.numBoundaryConditions).arg(different),
+            u"give each point one condition: solvers differ in which of several they take"_s);
+}
+
+void checkValues(Check& check, MTModelBoundaryConditions const& conditions)
+{
+    float const* const first = conditions.values.data();
+    auto const bad = std::count_if(first, first + components * conditions.numBoundaryConditions,
+                                   [](float value) { return !std::isfinite(value); });
+    if (bad > 0)
+        check.warning("non-finite-values"_L1, u"%1 of %2 components are NaN or infinite"_s.arg(bad).arg(
+                                                  components * conditions.numBoundaryConditions));
+}
+
+} // namespace
+
+void checkConditions(Check& check)
+{
+    ConditionsFile const file = readConditionsFile(check.source.path);
+    if (!file.problem.isEmpty()) {
+        check.error("malformed"_L1, file.problem);
+        return;
+    }
+    checkReferences(check, file.conditions);
+    checkRepetitions(check, file.conditions);
+    checkValues(check, file.conditions);
+    if (!check.context.volume)
+        check.note("not-compared"_L1, u"the points were not compared with a volume mesh"_s,
+                   u"name the volume mesh before the conditions: surfaceio check MESH.vmesh CONDITIONS"_s);
+}
+
+} // namespace tool

@@ -1,0 +1,136 @@
+#include "volume/VolumeFile.h"
+
+#include "LibraryLog.h"
+#include "vmesh/MTModelBoundaryConditionsParser.h"
+#include "vmesh/MTModelVMeshParser.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTextStream>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+constexpr qint64 linesBeforePoints = 2;
+constexpr qint64 linesBeforeConditions = 4;
+constexpr qsizetype shownCharacters = 60;
+
+// The line that a parser names in its last message; 0 when it names none.
+qint64 lineNamedIn(QStringList const& messages)
+{
+    static QRegularExpression const pattern(u"could not parse line (\\d+) \\.$"_s);
+    return messages.isEmpty() ? 0 : pattern.match(messages.last()).captured(1).toLongLong();
+}
+
+/// A line of a text file and one before it.
+struct Lines
+{
+    QString counts;
+    QString line; // null behind the last line
+};
+
+Lines linesAt(QString const& path, qint64 countsLine, qint64 number)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    Lines lines;
+    QTextStream stream(&file);
+    for (qint64 i = 1; i <= number; ++i) {
+        lines.line = stream.readLine();
+        if (i == countsLine)
+            lines.counts = lines.line;
+    }
+    return lines;
+}
+
+QString shown(QString const& line)
+{
+    return line.left(shownCharacters).replace(u'\t', "\\t"_L1);
+}
+
+QString sentence(qint64 number, QString const& expected, QString const& line)
+{
+    if (line.isNull())
+        return u"the file ends before line %1: expected %2"_s.arg(QString::number(number), expected);
+    return u"line %1: expected %2, found \"%3\""_s.arg(QString::number(number), expected, shown(line));
+}
+
+/// Rows of one kind in a volume mesh.
+struct Section
+{
+    qint64 count;
+    QString row;
+    QString content;
+};
+
+// What a volume mesh has in a line behind the sizes, by the counts that it claims.
+QString expectedRow(QString const& sizes, qint64 number)
+{
+    QStringList const counts = sizes.split(u' ');
+    auto const countAt = [&counts](qsizetype i) { return counts.value(i).toLongLong(); };
+    std::array const sections = {
+        Section{countAt(3), u"point"_s, u"three numbers with single blanks between"_s},
+        Section{countAt(1), u"face row"_s, u"five integers with single blanks between"_s},
+        Section{countAt(2), u"bound-face row"_s, u"five integers with single blanks between"_s}};
+    qint64 index = number - linesBeforePoints;
+    for (Section const& section : sections) {
+        if (index <= section.count)
+            return u"%1 %2 of %3, %4"_s.arg(section.row, QString::number(index),
+                                            QString::number(section.count), section.content);
+        index -= section.count;
+    }
+    return {};
+}
+
+QString volumeProblem(QString const& path, qint64 number)
+{
+    Lines const lines = linesAt(path, 2, number);
+    if (number == 1)
+        return sentence(number, u"a header with \"# Labeled\""_s, lines.line);
+    if (number == 2)
+        return sentence(number,
+                        u"four counts (tetrahedra, faces, bound faces, points) that the file can hold"_s,
+                        lines.line);
+    return sentence(number, expectedRow(lines.counts, number), lines.line);
+}
+
+QString conditionsProblem(QString const& path, qint64 number)
+{
+    if (number == 0)
+        return u"the file ends before line 4: expected the number of conditions"_s;
+    Lines const lines = linesAt(path, linesBeforeConditions, number);
+    if (number == linesBeforeConditions)
+        return sentence(number, u"the number of conditions"_s, lines.line);
+    QString const expected = u"condition %1 of %2, an index and three numbers with single blanks between"_s;
+    return sentence(number,
+                    expected.arg(QString::number(number - linesBeforeConditions), lines.counts.trimmed()),
+                    lines.line);
+}
+
+} // namespace
+
+VolumeFile readVolumeFile(QString const& path)
+{
+    LogCapture const log;
+    MTModelVMeshParser parser(path);
+    if (parser.read())
+        return {parser.getVMesh(), {}};
+    return {{}, volumeProblem(path, lineNamedIn(log.messages()))};
+}
+
+ConditionsFile readConditionsFile(QString const& path)
+{
+    LogCapture const log;
+    MTModelBoundaryConditionsParser parser(path);
+    if (parser.read())
+        return {parser.getBoundaryConditions(), {}};
+    return {{}, conditionsProblem(path, lineNamedIn(log.messages()))};
+}
+
+} // namespace tool
