@@ -19,7 +19,8 @@ function(surfaceio_compile_rules target)
   endif()
   if(SURFACEIO_SANITIZE)
     target_compile_options(${target} PRIVATE
-      -fsanitize=${SURFACEIO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+      -fsanitize=${SURFACEIO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all
+      "$<$<CXX_COMPILER_ID:Clang>:-fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/tests/support/ubsan.ignore>")
     target_link_options(${target} PRIVATE -fsanitize=${SURFACEIO_SANITIZE})
   endif()
 endfunction()
