@@ -78,8 +78,9 @@ void computeCornerAngles(FacetGeometry& geometry)
         double const square = dot(normal, normal);
         bool const usable = square > 0.0 && square <= std::numeric_limits<double>::max();
         double const length = std::sqrt(usable ? square : 1.0);
+        double const scale = 1.0 / length;
         for (std::size_t axis = 0; axis < 3; ++axis)
-            geometry.normal[axis][facet] = usable ? normal[axis] / length : 0.0;
+            geometry.normal[axis][facet] = usable ? normal[axis] * scale : 0.0;
         geometry.angle[0][facet] = usable ? angleOf(dot(ab, ac), length) : 0.0;
         geometry.angle[1][facet] = usable ? angleOf(-dot(ab, bc), length) : 0.0;
         geometry.angle[2][facet] = usable ? angleOf(dot(ac, bc), length) : 0.0;
