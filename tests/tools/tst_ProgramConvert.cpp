@@ -181,7 +181,7 @@ private Q_SLOTS:
     void fullDisk_data()
     {
         QTest::addColumn<QString>("out");
-        for (char const* out : {"out.xyz", "out.array", "out.stl"})
+        for (char const* out : {"out.xyz", "out.array", "out.stl", "out.ply"})
             QTest::newRow(out) << QString::fromLatin1(out);
     }
 

@@ -3,6 +3,8 @@
 #include "inspect/Format.h"
 #include "output/OutputFile.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace tool {
@@ -48,6 +50,33 @@ ExitCode open(OutputFile& output, QString const& path, bool mayReplace, Console&
     return problem.isEmpty() ? ExitCode::Ok : fail(ExitCode::ReadOrWriteFailed, path, problem, console);
 }
 
+bool losesAlpha(MeshFile const& file)
+{
+    constexpr unsigned int opaque = 0xFF000000u;
+    return !file.withAlpha && std::any_of(file.mesh.colors.begin(), file.mesh.colors.end(),
+                                          [](unsigned int color) { return (color & opaque) != opaque; });
+}
+
+void warnOfLosses(MeshTarget const& target, Changes const& changes, MeshFile const& file, Console& console)
+{
+    QString const title = target.title;
+    if (changes.hasMetadata() && !target.holdsMetadata)
+        console.warning(u"a file of the kind \"%1\" holds no scan metadata"_s.arg(title));
+    if (changes.hasAppearance() && !target.holdsAppearance)
+        console.warning(u"a file of the kind \"%1\" holds no alpha and no material"_s.arg(title));
+    if (target.holdsAppearance && losesAlpha(file))
+        console.warning(u"colours lose their alpha; --alpha writes it"_s);
+}
+
+ExitCode change(Conversion const& conversion, MeshFile& file, Console& console)
+{
+    MeshTarget const& target = *meshTargetFor(conversion.out);
+    conversion.changes.applyTo(file);
+    warnOfLosses(target, conversion.changes, file, console);
+    QString const obstacle = target.obstacle == nullptr ? QString() : target.obstacle(file);
+    return obstacle.isEmpty() ? ExitCode::Ok : fail(ExitCode::Usage, conversion.out, obstacle, console);
+}
+
 ExitCode write(OutputFile& output, QString const& path, MeshFile const& file, Console& console)
 {
     MeshTarget const* const target = meshTargetFor(path);
@@ -66,6 +95,8 @@ ExitCode convert(Conversion const& conversion, Console& console)
     MeshFile file;
     if (code == ExitCode::Ok)
         code = read(conversion.in, file, console);
+    if (code == ExitCode::Ok)
+        code = change(conversion, file, console);
     return code == ExitCode::Ok ? write(output, conversion.out, file, console) : code;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Console.h"
+#include "convert/Changes.h"
 #include "convert/MeshFile.h"
 
 namespace tool {
@@ -12,6 +13,7 @@ struct Conversion
     QString out;
     /// Whether `out` may exist.
     bool mayReplace = false;
+    Changes changes = {};
 };
 
 /// Reads, writes beside the target, checks, and moves into place. Failures and losses go to the console.

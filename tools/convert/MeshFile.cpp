@@ -1,9 +1,9 @@
 #include "convert/MeshFile.h"
 
+#include "convert/ScanFiles.h"
 #include "framework/MeshReader.h"
 #include "framework/MeshWriter.h"
 #include "framework/XYZWriter.h"
-#include "inhouse/data/Unstrip.h"
 #include "volume/BoundarySurface.h"
 #include "volume/VolumeFindings.h"
 
@@ -18,14 +18,6 @@ using namespace Qt::StringLiterals;
 namespace tool {
 
 namespace {
-
-bool readThroughFacade(QString const& path, MeshFile& file)
-{
-    utility::Optional<geometry::Mesh> const mesh = MeshReader::read(path);
-    if (mesh)
-        file.mesh = *mesh;
-    return mesh.has_value();
-}
 
 QList<QVector3D> toVectors(float const* numbers, int count)
 {
@@ -62,16 +54,6 @@ bool readBoundary(QString const& path, MeshFile& file)
         return false;
     file.mesh = boundarySurfaceOf(volume.mesh);
     return true;
-}
-
-bool writeThroughFacade(QString const& path, MeshFile const& file)
-{
-    return MeshWriter::write(path, file.mesh);
-}
-
-qint64 stlBytes(QString const&, MeshFile const& file)
-{
-    return 84 + 50 * qint64(geometry::unstrip(file.mesh).getNumIndices() / 4);
 }
 
 std::vector<float> toNumbers(QList<QVector3D> const& vectors, int count)
@@ -122,13 +104,15 @@ qint64 xyzBytes(QString const& path, MeshFile const& mesh)
 }
 
 constexpr std::array sources = {
-    MeshSource{"stl"_L1, readThroughFacade},
+    MeshSource{"stl"_L1, readStl},
+    MeshSource{"ply"_L1, readPly},
     MeshSource{"array"_L1, readArrayRecord},
     MeshSource{"vmesh"_L1, readBoundary},
 };
 
 constexpr std::array targets = {
-    MeshTarget{"stl"_L1, "binary STL"_L1, writeThroughFacade, stlBytes},
+    MeshTarget{"stl"_L1, "binary STL"_L1, writeStl, stlBytes, nullptr, true, false},
+    MeshTarget{"ply"_L1, "binary PLY"_L1, writePly, plyBytes, plyObstacle, true, true},
     MeshTarget{"xyz"_L1, "XYZ points"_L1, writeXyz, xyzBytes},
     MeshTarget{"array"_L1, "mesh array record"_L1, writeArrayRecord, arrayRecordBytes},
 };

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "inhouse/data/Material.h"
 #include "inhouse/data/Mesh.h"
+#include "inhouse/data/MeshHeader.h"
 
 #include <QStringList>
 
+#include <optional>
 #include <span>
 
 namespace tool {
@@ -12,6 +15,10 @@ namespace tool {
 struct MeshFile
 {
     geometry::Mesh mesh;
+    std::optional<geometry::Material> material = {};
+    std::optional<MeshHeader> metadata = {};
+    /// Whether the alpha of colours is written too.
+    bool withAlpha = false;
 };
 
 /// One kind of file that can be read, as a row of the table in MeshFile.cpp.
@@ -32,6 +39,11 @@ struct MeshTarget
     bool (*write)(QString const& path, MeshFile const& file);
     /// How long the file is when all went well, found without looking at its size; -1 when that is unknown.
     qint64 (*expectedBytes)(QString const& path, MeshFile const& file);
+    /// Why such a file cannot hold what it is to hold, empty when it can; null when it always can.
+    QString (*obstacle)(MeshFile const& file) = nullptr;
+    bool holdsMetadata = false;
+    /// Material and alpha.
+    bool holdsAppearance = false;
 };
 
 std::span<MeshSource const> meshSources();

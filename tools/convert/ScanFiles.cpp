@@ -1,0 +1,138 @@
+#include "convert/ScanFiles.h"
+
+#include "framework/MeshReader.h"
+#include "header/Metadata.h"
+#include "inhouse/data/Unstrip.h"
+#include "inspect/PlyHeaderText.h"
+#include "ply/PLYReader.h"
+#include "ply/PLYWriter.h"
+#include "stl/STLWriter.h"
+
+#include <QDebug>
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+constexpr qint64 indicesOfTriangle = 4;
+
+qint64 triangles(MeshFile const& file)
+{
+    return geometry::unstrip(file.mesh).getNumIndices() / indicesOfTriangle;
+}
+
+// A file without metadata, or whose metadata cannot be told, has none.
+void readMetadata(QString const& path, decltype(MetadataFormat::read) read, MeshFile& file)
+{
+    QFile in(path);
+    Metadata metadata;
+    if (in.open(QIODevice::ReadOnly) && !read(in, metadata))
+        file.metadata = metadata;
+}
+
+void warnIfCut(QString const& path)
+{
+    QFile in(path);
+    if (!in.open(QIODevice::ReadOnly))
+        return;
+    ply::HeaderText const header = ply::readHeaderText(in);
+    qint64 const missing = header.bodyStart < 0 ? 0 : header.bodyStart + announcedBytes(header) - in.size();
+    if (missing > 0)
+        qWarning().noquote()
+            << u"%1: %2 bytes are missing at its end; what is there was read"_s.arg(path).arg(missing);
+}
+
+bool isPlain(QString const& text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar c) { return c.unicode() >= ' ' && c.unicode() <= '~'; });
+}
+
+} // namespace
+
+bool readStl(QString const& path, MeshFile& file)
+{
+    utility::Optional<geometry::Mesh> const mesh = MeshReader::read(path);
+    if (!mesh)
+        return false;
+    file.mesh = *mesh;
+    readMetadata(path, readStlMetadata, file);
+    return true;
+}
+
+bool writeStl(QString const& path, MeshFile const& file)
+{
+    STLWriter writer;
+    writer.setFilePath(path);
+    writer.setData(file.mesh, 0, 0);
+    writer.setHeaderData(file.metadata);
+    if (!writer.write())
+        qWarning() << writer.getErrorMessage();
+    return writer.getErrorMessage().isEmpty();
+}
+
+qint64 stlBytes(QString const&, MeshFile const& file)
+{
+    return 84 + 50 * triangles(file);
+}
+
+bool readPly(QString const& path, MeshFile& file)
+{
+    std::atomic<bool> const cancel = false;
+    PLYReader reader(PLYReader::MeshMode);
+    reader.setFileName(path);
+    if (!reader.read(cancel))
+        return false;
+    file.mesh = reader.getMesh();
+    file.material = reader.getMaterial();
+    readMetadata(path, readPlyMetadata, file);
+    warnIfCut(path);
+    return true;
+}
+
+bool writePly(QString const& path, MeshFile const& file)
+{
+    PLYWriter writer;
+    writer.setFilePath(path);
+    writer.setData(file.mesh, file.withAlpha, file.material);
+    writer.setHeaderData(file.metadata);
+    if (!writer.write())
+        qWarning() << writer.getErrorMessage();
+    return writer.getErrorMessage().isEmpty();
+}
+
+// The header's end tells how long it is. A cut header gives a length that no file has.
+qint64 plyBytes(QString const& path, MeshFile const& file)
+{
+    QFile in(path);
+    if (!in.open(QIODevice::ReadOnly))
+        return -1;
+    ply::HeaderText const header = ply::readHeaderText(in);
+    bool const isWhole = header.bodyStart >= 0 && header.element("vertex"_L1) != nullptr &&
+                         header.element("vertex"_L1)->count == file.mesh.getNumVertices();
+    return isWhole ? header.bodyStart + announcedBytes(header) : in.size() + 1;
+}
+
+QString plyObstacle(MeshFile const& file)
+{
+    if (!file.metadata)
+        return {};
+    QString const name = file.metadata->getScannerName().remove(u'\u00AE').remove(u'\u2122');
+    std::array const texts = {std::pair("scanner name"_L1, name),
+                              std::pair("scanner serial"_L1, file.metadata->getScannerSerial()),
+                              std::pair("software version"_L1, file.metadata->getSoftwareVersion())};
+    for (auto const& [what, text] : texts) {
+        if (!isPlain(text))
+            return u"expected a %1 of ASCII letters, found \"%2\": in a PLY header others cut its end off"_s
+                .arg(what, text);
+    }
+    return {};
+}
+
+} // namespace tool
