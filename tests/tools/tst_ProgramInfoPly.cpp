@@ -230,7 +230,7 @@ private Q_SLOTS:
             "expected a line of a PLY header, found \"start_body\"");
         row("count is no number", with("vertex 3", "vertex many"), 3,
             "expected a line of a PLY header, found \"element vertex many\"");
-        row("cut header", plyTriangle().left(60), 3, "expected a line of a PLY header, found \"propert\"");
+        row("cut header", plyTriangle().left(61), 3, "expected a line of a PLY header, found \"property\"");
         row("header without its end", plyLines(plyStart), 3,
             "expected \"end_header\", found the end of the file");
         row("elements in another order",
