@@ -2,6 +2,8 @@
 
 #include <QAnyStringView>
 
+#include <cstddef>
+
 /// The numbers of text formats: exactly the answers of `QString::toFloat` and of
 /// `StringConversions::stringToInt`, without building a `QString` for the spellings that exporters write.
 ///
@@ -14,5 +16,24 @@ float toFloat(QAnyStringView text, bool* ok);
 
 /// `StringConversions::stringToInt(text, 0)`: the decimal integer, 0 where `text` holds none.
 int toInt(QAnyStringView text);
+
+/// Takes a number in its plain spelling, [+-]digits[.digits][e[+-]digits], from the start of [next, end) and
+/// moves `next` behind it. False, with `next` anywhere and `value` as it was, where there is none or where
+/// only Qt knows the answer; what was taken gives the same with `toFloat`.
+bool takeFloat(char const*& next, char const* end, float& value);
+
+/// Takes up to nine digits from the start of [next, end) and moves `next` behind them; 0 where there is none.
+/// What was taken gives the same with `toInt`.
+inline int takeDigits(char const*& next, char const* end)
+{
+    constexpr std::ptrdiff_t mostDigits = 9;
+    char const* digit = next;
+    char const* const last = end - digit > mostDigits ? digit + mostDigits : end;
+    int value = 0;
+    for (; digit != last && *digit >= '0' && *digit <= '9'; ++digit)
+        value = value * 10 + (*digit - '0');
+    next = digit;
+    return value;
+}
 
 } // namespace numbers

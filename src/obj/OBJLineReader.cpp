@@ -10,37 +10,16 @@ namespace {
 
 constexpr qsizetype blockSize = 65536;
 
-bool isAscii(QByteArrayView bytes)
+bool isWhiteSpace(char c)
 {
-    constexpr quint64 highBits = 0x8080808080808080;
-    char const* next = bytes.data();
-    qsizetype left = bytes.size();
-    quint64 found = 0;
-    for (; left >= qsizetype(sizeof found); next += sizeof found, left -= sizeof found) {
-        quint64 word = 0;
-        std::memcpy(&word, next, sizeof word);
-        found |= word;
-    }
-    for (; left > 0; ++next, --left)
-        found |= static_cast<unsigned char>(*next);
-    return (found & highBits) == 0;
+    return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-bool isSpace(char c)
-{
-    return c == ' ';
-}
-
-bool isSpace(QChar c)
-{
-    return c == u' ';
-}
-
-QString decode(QByteArrayView line)
+QString decode(QByteArrayView bytes)
 {
     QStringDecoder decoder(QStringDecoder::Utf8);
-    QString const text = decoder(line);
-    return decoder.hasError() ? QString::fromLatin1(line) : text;
+    QString const text = decoder(bytes);
+    return decoder.hasError() ? QString::fromLatin1(bytes) : text;
 }
 
 } // namespace
@@ -64,17 +43,27 @@ bool OBJLineReader::atEnd() const
 
 bool OBJLineReader::readLine()
 {
+    raw = nextRawLine();
+    char const* first = raw.begin();
+    char const* last = raw.end();
+    while (first != last && isWhiteSpace(*first))
+        ++first;
+    while (first != last && isWhiteSpace(last[-1]))
+        --last;
+    line = QByteArrayView(first, last);
+    return !raw.isEmpty();
+}
+
+OBJLineReader::Tokens const& OBJLineReader::splitLine()
+{
     tokens.clear();
-    QByteArrayView const raw = nextRawLine();
-    if (raw.isEmpty())
-        return false;
-    if (isAscii(raw)) {
-        split(QLatin1StringView(raw).trimmed());
-    } else {
+    if (!line.startsWith('#') && !splitAscii()) {
+        // With its white space: it may part a byte order mark or a cut character from what is around them.
         decodedLine = decode(raw);
+        tokens.clear();
         split(QStringView(decodedLine).trimmed());
     }
-    return true;
+    return tokens;
 }
 
 QByteArrayView OBJLineReader::nextRawLine()
@@ -115,20 +104,28 @@ bool OBJLineReader::readAhead()
     return count > 0;
 }
 
-template <typename View>
-void OBJLineReader::split(View line)
+// False when there are bytes that are not ASCII.
+bool OBJLineReader::splitAscii()
 {
-    if (line.startsWith(QLatin1Char('#')))
-        return;
-    auto const* next = line.begin();
-    auto const* const last = line.end();
-    while (next != last) {
-        auto const* const first = next;
-        while (next != last && !isSpace(*next))
-            ++next;
+    unsigned char found = 0;
+    char const* next = line.begin();
+    while (next != line.end()) {
+        char const* const first = next;
+        for (; next != line.end() && *next != ' '; ++next)
+            found |= static_cast<unsigned char>(*next);
         if (next != first)
-            tokens.emplace_back(View(first, next - first));
-        if (next != last)
+            tokens.emplace_back(QLatin1StringView(first, next - first));
+        if (next != line.end())
             ++next;
     }
+    constexpr unsigned char highBit = 0x80;
+    return (found & highBit) == 0;
+}
+
+void OBJLineReader::split(QStringView text)
+{
+    if (text.startsWith(u'#'))
+        return;
+    for (QStringView const token : text.tokenize(u' ', Qt::SkipEmptyParts))
+        tokens.emplace_back(token);
 }

@@ -30,15 +30,18 @@ public:
     bool atEnd() const;
     /// Reads the next line. False when the device gives nothing though it does not claim to be at its end.
     bool readLine();
+    /// The bytes of the line without ASCII white space around them. Like the tokens valid until the next line
+    /// is read.
+    QByteArrayView getBytes() const { return line; }
     /// What stands between the spaces of the line (U+0020 only), empty parts left out. No tokens for an empty
-    /// line or a comment. The views are valid until the next line is read.
-    Tokens const& getTokens() const { return tokens; }
+    /// line or a comment.
+    Tokens const& splitLine();
 
 private:
     QByteArrayView nextRawLine();
     bool readAhead();
-    template <typename View>
-    void split(View line);
+    bool splitAscii();
+    void split(QStringView text);
 
     QTextStream& stream;
     QIODevice& device;
@@ -47,6 +50,8 @@ private:
     qsizetype begin = 0;
     qsizetype end = 0;
     QByteArray sequentialLine;
+    QByteArrayView raw;
+    QByteArrayView line;
     QString decodedLine; // what the tokens of a line that is not ASCII look at
     Tokens tokens;
 };

@@ -148,11 +148,14 @@ private:
     Error readText(QTextStream& stream, std::atomic<bool> const& cancel);
     Error readGuarded(QTextStream& stream, std::atomic<bool> const& cancel);
     Error readLines(QTextStream& stream, WorkingLists& lists, std::atomic<bool> const& cancel);
+    static bool readPlainLine(QByteArrayView line, WorkingLists& lists);
     void readLine(Tokens const& tokens, WorkingLists& lists);
     void readPosition(Tokens const& tokens, WorkingLists& lists);
     void readTextureCoordinate(Tokens const& tokens, WorkingLists& lists);
     void readNormal(Tokens const& tokens, WorkingLists& lists);
     void readFace(Tokens const& tokens, WorkingLists& lists);
+    static void appendFace(VertexIndices const& a, VertexIndices const& b, VertexIndices const& c,
+                           WorkingLists& lists);
     void readMaterialUse(Tokens const& tokens, WorkingLists& lists);
     void readMaterialLibrary(Tokens const& tokens, WorkingLists& lists);
     void convertLineToFloat(Tokens const& tokens, float& x, float& y, float& z) const;
@@ -161,6 +164,8 @@ private:
     static QString parseMaterialName(Tokens const& tokens);
 
     // One index for positions, normals and texture coordinates (OBJReaderVertices.cpp).
+    static bool areListsPerPosition(QList<QVector3D> const& positions, QList<QVector3D> const& normals,
+                                    QList<QVector2D> const& textureCoordinates);
     static int getNewIndexForCombination(int vertex, int normal, int uv, int material,
                                          OBJCornerMap const& map);
     Error removeIndexedNormalsAndUvsByDuplicatingVertices(

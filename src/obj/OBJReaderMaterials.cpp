@@ -92,9 +92,10 @@ OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName)
     while (!reader.atEnd()) {
         if (!reader.readLine())
             return InvalidMaterialFile;
-        if (reader.getTokens().empty())
+        OBJLineReader::Tokens const& tokens = reader.splitLine();
+        if (tokens.empty())
             continue;
-        if (Error const result = readMTLLine(reader.getTokens(), currentMaterial); result != NoError)
+        if (Error const result = readMTLLine(tokens, currentMaterial); result != NoError)
             return result;
     }
     return NoError;
@@ -166,8 +167,10 @@ void OBJReader::fixMaterials(WorkingLists& lists)
 {
     fixNonExistingButUsedMaterials(lists.usage);
     pruneUnusedMaterials(lists.usage);
-    if (isMeshUsingTexturedAndNonTexturedMaterialsAtTheSameTime())
-        fixMixedMaterialUsage(lists.textureCoordinates, lists.textureIndices, lists.usage);
+    if (!isMeshUsingTexturedAndNonTexturedMaterialsAtTheSameTime())
+        return;
+    lists.completeIndices();
+    fixMixedMaterialUsage(lists.textureCoordinates, lists.textureIndices, lists.usage);
 }
 
 void OBJReader::fixNonExistingButUsedMaterials(MaterialUsage& usage) const

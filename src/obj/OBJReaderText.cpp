@@ -32,54 +32,10 @@ bool isKeyword(QAnyStringView token, QLatin1StringView keyword)
     return token.visit([keyword](auto view) { return isEqual(view, keyword); });
 }
 
-bool isSlash(char unit)
-{
-    return unit == '/';
-}
-
-template <typename Unit>
-bool isSlash(Unit unit)
-{
-    return QChar(unit) == u'/';
-}
-
-struct IndexGroup
-{
-    QAnyStringView vertex;
-    QAnyStringView uv;
-    QAnyStringView normal;
-};
-
-template <typename View>
-IndexGroup cutIndexGroup(View text)
-{
-    std::array<View, 3> parts;
-    auto const* first = text.data();
-    auto const* const end = first + text.size();
-    for (View& part : parts) {
-        auto const* next = first;
-        while (next != end && !isSlash(*next))
-            ++next;
-        part = View(first, next - first);
-        if (next == end)
-            break;
-        first = next + 1;
-    }
-    return {parts[0], parts[1], parts[2]};
-}
-
-// From the indices of the file, which count from 1 and are 0 where there is none.
+// The indices of a file count from 1.
 int toZeroBased(int index)
 {
     return index == std::numeric_limits<int>::min() ? index : index - 1;
-}
-
-void appendFace(QList<int>& indices, int a, int b, int c)
-{
-    indices.append(a);
-    indices.append(b);
-    indices.append(c);
-    indices.append(-1);
 }
 
 } // namespace
@@ -91,6 +47,8 @@ OBJReader::Error OBJReader::readText(QTextStream& stream, std::atomic<bool> cons
     if (Error const result = readLines(stream, lists, cancel); result != NoError)
         return result;
     fixMaterials(lists);
+    if (!areListsPerPosition(lists.positions, lists.normals, lists.textureCoordinates))
+        lists.completeIndices();
     if (Error const result = removeIndexedNormalsAndUvsByDuplicatingVertices(
             lists.positions, lists.normals, lists.textureCoordinates, lists.positionIndices,
             lists.normalIndices, lists.textureIndices, lists.usage);
@@ -116,11 +74,14 @@ OBJReader::Error OBJReader::readLines(QTextStream& stream, WorkingLists& lists,
             return Cancelled;
         if (!reader.readLine())
             return NoData;
-        if (!reader.getTokens().empty())
-            readLine(reader.getTokens(), lists);
+        if (!readPlainLine(reader.getBytes(), lists))
+            readLine(reader.splitLine(), lists);
     }
     if (error != NoError)
         return error;
+    lists.positionIndices = lists.positionFaces.take();
+    lists.normalIndices = lists.normalFaces.take();
+    lists.textureIndices = lists.textureFaces.take();
     return cancel ? Cancelled : NoError;
 }
 
@@ -141,7 +102,7 @@ void OBJReader::readLine(Tokens const& tokens, WorkingLists& lists)
         Line{"mtllib"_L1, &OBJReader::readMaterialLibrary},
     };
     for (Line const& line : lines)
-        if (isKeyword(tokens.front(), line.keyword))
+        if (!tokens.empty() && isKeyword(tokens.front(), line.keyword))
             return (this->*line.read)(tokens, lists);
 }
 
@@ -192,9 +153,15 @@ void OBJReader::readFace(Tokens const& tokens, WorkingLists& lists)
     VertexIndices b;
     VertexIndices c;
     convertFaceLine(tokens, a, b, c);
-    appendFace(lists.positionIndices, a.vertex, b.vertex, c.vertex);
-    appendFace(lists.normalIndices, a.normal, b.normal, c.normal);
-    appendFace(lists.textureIndices, a.uv, b.uv, c.uv);
+    appendFace(a, b, c, lists);
+}
+
+void OBJReader::appendFace(VertexIndices const& a, VertexIndices const& b, VertexIndices const& c,
+                           WorkingLists& lists)
+{
+    lists.positionFaces.append(a.vertex, b.vertex, c.vertex);
+    lists.normalFaces.appendOptional(a.normal, b.normal, c.normal, lists.faceCount);
+    lists.textureFaces.appendOptional(a.uv, b.uv, c.uv, lists.faceCount);
     if (!lists.currentMaterial.isEmpty()) {
         if (!lists.currentFaces)
             lists.currentFaces = &lists.usage[lists.currentMaterial];
@@ -244,15 +211,18 @@ void OBJReader::convertFaceLine(Tokens const& tokens, VertexIndices& a, VertexIn
 
 void OBJReader::parseFaceElementIndexGroup(QAnyStringView text, VertexIndices& out)
 {
-    IndexGroup const group = text.visit([](auto view) { return cutIndexGroup(view); });
-    out.vertex = toZeroBased(numbers::toInt(group.vertex));
-    out.uv = toZeroBased(numbers::toInt(group.uv));
-    out.normal = toZeroBased(numbers::toInt(group.normal));
+    QStringList const parts = text.toString().split(u'/');
+    auto const indexOf = [&parts](qsizetype part) {
+        return part < parts.size() ? toZeroBased(numbers::toInt(parts[part])) : noIndex;
+    };
+    out.vertex = indexOf(0);
+    out.uv = indexOf(1);
+    out.normal = indexOf(2);
     if (out.vertex != noIndex)
         return;
     out.normal = out.uv = noIndex;
     error = InvalidVertexId;
-    qWarning() << "OBJReader::invalid vertex id: '" << group.vertex.toString() << "'";
+    qWarning() << "OBJReader::invalid vertex id: '" << parts[0] << "'";
 }
 
 QString OBJReader::parseMaterialName(Tokens const& tokens)

@@ -81,6 +81,14 @@ struct Vertices
 
 } // namespace
 
+// Files that are written per vertex: whatever the faces say of normals and texture coordinates, the i-th of
+// each belongs to the i-th position.
+bool OBJReader::areListsPerPosition(QList<QVector3D> const& positions, QList<QVector3D> const& normals,
+                                    QList<QVector2D> const& textureCoordinates)
+{
+    return isEmptyOrPerPosition(normals, positions) && isEmptyOrPerPosition(textureCoordinates, positions);
+}
+
 int OBJReader::getNewIndexForCombination(int vertex, int normal, int uv, int material,
                                          OBJCornerMap const& map)
 {
@@ -92,9 +100,7 @@ OBJReader::Error OBJReader::removeIndexedNormalsAndUvsByDuplicatingVertices(
     QList<int>& positionIndices, QList<int> const& normalIndices, QList<int> const& textureIndices,
     MaterialUsage const& usage)
 {
-    // Files that are written per vertex: whatever the faces say of normals and texture coordinates, the i-th
-    // of each belongs to the i-th position.
-    if (isEmptyOrPerPosition(normals, positions) && isEmptyOrPerPosition(textureCoordinates, positions)) {
+    if (areListsPerPosition(positions, normals, textureCoordinates)) {
         if (!arePositionsInside(positionIndices, positions))
             error = InvalidVertexId;
         return error;

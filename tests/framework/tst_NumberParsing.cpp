@@ -86,6 +86,10 @@ private Q_SLOTS:
     void toFloat();
     void toInt_data();
     void toInt();
+    void takesFloats_data();
+    void takesFloats();
+    void takesDigits_data();
+    void takesDigits();
 };
 
 void tst_NumberParsing::spellings_data()
@@ -293,6 +297,60 @@ void tst_NumberParsing::toInt()
 {
     QFETCH(QByteArray, text);
     QTEST(numbers::toInt(QLatin1StringView(text)), "value");
+}
+
+void tst_NumberParsing::takesFloats_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<int>("taken"); // characters, 0 when none
+    for (char const* const text : {"1", "-1.5", "+.5", "1.", "1e5", "-1.5e-5", "0.00", "12345678901234567"})
+        QTest::newRow(text) << QByteArray(text) << static_cast<int>(strlen(text));
+    QTest::newRow("before a space") << QByteArray("1.5 2") << 3;
+    QTest::newRow("before a slash") << QByteArray("1.5/2") << 3;
+    QTest::newRow("before a letter") << QByteArray("1.5x") << 3;
+    QTest::newRow("before a point") << QByteArray("1.5.5") << 3;
+    QTest::newRow("before an e after the exponent") << QByteArray("1e5e5") << 3;
+    QTest::newRow("before a NUL") << QByteArray("1.5\0", 4) << 3;
+    for (char const* const text :
+         {"",        " 1",  "x",   "-",   "+",   ".",  "-.",   "e5",    ".e5",
+          "1e",      "1e+", "1ex", "nan", "inf", "0x", "1e39", "1e-40", "12345678901234567890",
+          "1e12345", "--1"})
+        QTest::newRow(text) << QByteArray(text) << (text == QByteArray("0x") ? 1 : 0);
+}
+
+void tst_NumberParsing::takesFloats()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(int, taken);
+    char const* next = text.constBegin();
+    float value = 77;
+    QCOMPARE(numbers::takeFloat(next, text.constEnd(), value), taken > 0);
+    QCOMPARE(next - text.constBegin(), taken);
+    float const expected = taken > 0 ? QString::fromLatin1(text.left(taken)).toFloat() : 77;
+    QCOMPARE(std::bit_cast<quint32>(value), std::bit_cast<quint32>(expected));
+}
+
+void tst_NumberParsing::takesDigits_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("taken");
+    QTest::newRow("empty") << QByteArray("") << 0 << 0;
+    QTest::newRow("sign") << QByteArray("-1") << 0 << 0;
+    QTest::newRow("letter") << QByteArray("x1") << 0 << 0;
+    QTest::newRow("one") << QByteArray("7") << 7 << 1;
+    QTest::newRow("zeros") << QByteArray("007/") << 7 << 3;
+    QTest::newRow("before a letter") << QByteArray("12x") << 12 << 2;
+    QTest::newRow("nine") << QByteArray("999999999") << 999999999 << 9;
+    QTest::newRow("ten") << QByteArray("1234567890") << 123456789 << 9;
+}
+
+void tst_NumberParsing::takesDigits()
+{
+    QFETCH(QByteArray, text);
+    char const* next = text.constBegin();
+    QTEST(numbers::takeDigits(next, text.constEnd()), "value");
+    QTEST(int(next - text.constBegin()), "taken");
 }
 
 QTEST_APPLESS_MAIN(tst_NumberParsing)

@@ -45,7 +45,7 @@ Lines linesOf(QIODevice& device)
     Lines lines;
     while (!reader.atEnd() && reader.readLine()) {
         lines << QStringList();
-        for (QAnyStringView const token : reader.getTokens())
+        for (QAnyStringView const token : reader.splitLine())
             lines.back() << token.toString();
     }
     return lines;
@@ -179,7 +179,7 @@ void tst_OBJLineReader::endOfTheText()
     QVERIFY(reader.readLine());
     QVERIFY(reader.atEnd());
     QVERIFY(!reader.readLine());
-    QVERIFY(reader.getTokens().empty());
+    QVERIFY(reader.splitLine().empty());
 }
 
 void tst_OBJLineReader::leavesTheDeviceBehindTheLine_data()
@@ -227,8 +227,8 @@ void tst_OBJLineReader::startsWhereTheDeviceStands()
     QTextStream stream(&buffer);
     OBJLineReader reader(stream);
     QVERIFY(reader.readLine());
-    QCOMPARE(reader.getTokens().size(), 1u);
-    QVERIFY(reader.getTokens().front() == "second"_L1);
+    QCOMPARE(reader.splitLine().size(), 1u);
+    QVERIFY(reader.splitLine().front() == "second"_L1);
     QVERIFY(reader.atEnd());
 }
 
