@@ -1,13 +1,19 @@
-// Reads an STL file from memory through SurfaceIO and looks at whose mesh, cleaner and normals it met.
+// Reads an STL file, a tree and a distractor through SurfaceIO and looks at whose types it met.
 #include "framework/MeshWriter.h"
 #include "ply/PLYReader.h"
+#include "scene/DentalScanReader.h"
+#include "scene/DistractorFactory.h"
+#include "scene/ShapeNodeIOHelper.h"
 #include "stl/STLReader.h"
 
 #include <QByteArray>
 #include <QDataStream>
+#include <QFile>
 #include <QIODevice>
 #include <QList>
+#include <QTemporaryDir>
 #include <QVector3D>
+#include <QVersionNumber>
 
 #include <atomic>
 #include <cstdio>
@@ -51,10 +57,46 @@ bool readsWithTheReplacement(bool sharpEdges, QVector3D const& expectedNormal)
                  "the other normals are set");
 }
 
+bool readsADentalScan(QString const& fileName)
+{
+    QFile file(fileName);
+    if (!check(file.open(QIODevice::WriteOnly), "the scan's file is open"))
+        return false;
+    file.write(twoEqualFacets());
+    file.close();
+    auto const scan = DentalScanReader::readDentalScan(fileName);
+    return check(scan != nullptr, "the scan is read") &&
+           check(scan->getMesh().normals == QList<QVector3D>(6, {0, 0, 1}), "the scan has the other normals");
+}
+
+bool readsATree(QString const& fileName)
+{
+    geometry::ShapeNode node(QStringLiteral("node"));
+    if (!check(ShapeNodeIOHelper::write(fileName, &node), "the tree is written"))
+        return false;
+    auto const tree = ShapeNodeIOHelper::read(fileName, QVersionNumber(1, 0), false);
+    return check(tree && tree->getName() == QStringLiteral("7.3"), "the tree has the other version");
+}
+
+bool makesADistractor()
+{
+    auto const distractor = DistractorFactory::createDistractor(maxillaTelescopingDistractorLeftId);
+    return check(distractor->getProductId() == maxillaTelescopingDistractorLeftId, "the id is kept") &&
+           check(distractor->getProductName() == QStringLiteral("other product"),
+                 "the other catalogue gives the name") &&
+           check(distractor->getRoot()->getChildren().size() == 3, "the other catalogue counts the parts") &&
+           check(distractor->getAdvancement()->getNumberOfParts() == 11, "the other model has its parts") &&
+           check(distractor->getObjectTransform().map(QVector3D(1, 0, 0)) == QVector3D(-1, 0, 0),
+                 "the other rotation is applied");
+}
+
 } // namespace
 
 int main()
 {
-    bool const good = readsWithTheReplacement(false, {0, 0, 1}) && readsWithTheReplacement(true, {0, 1, 0});
+    QTemporaryDir const folder;
+    bool const good = readsWithTheReplacement(false, {0, 0, 1}) && readsWithTheReplacement(true, {0, 1, 0}) &&
+                      readsADentalScan(folder.filePath(QStringLiteral("scan.stl"))) &&
+                      readsATree(folder.filePath(QStringLiteral("tree"))) && makesADistractor();
     return good ? 0 : 1;
 }
