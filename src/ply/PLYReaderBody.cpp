@@ -124,9 +124,10 @@ bool PLYReader::readBinary(QIODevice* device, PLYHeader const& header, ply::Form
 
 void PLYReader::storePointCloud(VertexData const& vertices)
 {
+    QList<unsigned int> const colors = packed(vertices.colors); // may run out of memory: before all else
     pointCloud.positions = vertices.positions;
     pointCloud.normals = vertices.normals;
-    pointCloud.colors() = packed(vertices.colors);
+    pointCloud.colors() = colors;
     if (material)
         pointCloud.setMaterial(*material);
 }
@@ -215,7 +216,7 @@ bool PLYReader::readFacesData(QDataStream& stream, PLYHeader const& header, QLis
     if (stream.atEnd())
         return true;
     if (properties.isEmpty() && !faceColorMode)
-        return !cancel;
+        return header.getFacesCount() <= 0 || !cancel;
     if (properties.isEmpty() && !hasByteForEachRow(stream, header.getFacesCount()))
         return false;
     for (int i = 0; i < header.getFacesCount(); ++i) {

@@ -9,6 +9,8 @@
 #include <QImageReader>
 #include <QTextStream>
 
+#include <new>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -231,7 +233,7 @@ bool PLYReader::isHeaderValid(PLYHeader const& header) const
 }
 
 QString PLYReader::getTextureFileName(QByteArray const& data)
-{
+try {
     QBuffer buffer;
     buffer.setData(data);
     buffer.open(QIODevice::ReadOnly);
@@ -244,5 +246,7 @@ QString PLYReader::getTextureFileName(QByteArray const& data)
         if (startsWith(tokens, "end_header"_L1))
             break;
     }
+    return {};
+} catch (std::bad_alloc const&) {
     return {};
 }

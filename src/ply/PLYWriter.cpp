@@ -13,6 +13,7 @@
 #include <array>
 #include <bit>
 #include <initializer_list>
+#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -98,6 +99,17 @@ bool reportStep(bool success, char const* text, QDataStream const& stream)
     return success;
 }
 
+// Want of memory is a failure like any other.
+template <typename Step>
+bool succeeds(Step const& step)
+{
+    try {
+        return step();
+    } catch (std::bad_alloc const&) {
+        return false;
+    }
+}
+
 } // namespace
 
 PLYWriter::~PLYWriter() = default;
@@ -160,7 +172,8 @@ bool PLYWriter::write()
 
 bool PLYWriter::write(QByteArray& bytes)
 {
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    // Without Truncate the end of a longer content would stay.
+    QDataStream stream(&bytes, QIODevice::WriteOnly | QIODevice::Truncate);
     stream.setVersion(QDataStream::Qt_5_15);
     return writeData(stream);
 }
@@ -169,11 +182,11 @@ bool PLYWriter::writeData(QDataStream& stream)
 {
     stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
     stream.setByteOrder(QDataStream::LittleEndian);
-    if (!writeHeader(stream)) {
+    if (!succeeds([&] { return writeHeader(stream); })) {
         errorMessage = QObject::tr("Could not write header to file at location: %1").arg(filePath);
         return false;
     }
-    if (!writeBody(stream)) {
+    if (!succeeds([&] { return writeBody(stream); })) {
         errorMessage = QObject::tr("Could not write data to file at location: %1").arg(filePath);
         return false;
     }

@@ -1,3 +1,4 @@
+#include "differential/peers/CNumbers.h"
 #include "differential/peers/Peers.h"
 
 #include <assimp/Exporter.hpp>
@@ -102,6 +103,7 @@ bool hasAssimp()
 
 std::optional<PeerMesh> loadWithAssimp(QString const& path)
 {
+    CNumbers const numbers;
     Assimp::Importer importer;
     aiScene const* const scene = importer.ReadFile(path.toStdString(), aiProcess_Triangulate);
     if (!scene)
@@ -114,6 +116,7 @@ std::optional<PeerMesh> loadWithAssimp(QString const& path)
 
 bool saveWithAssimp(geometry::Mesh const& mesh, QString const& path, char const* format)
 {
+    CNumbers const numbers;
     aiScene scene;
     scene.mNumMaterials = 1;
     scene.mMaterials = new aiMaterial* [1] { new aiMaterial };

@@ -1,3 +1,4 @@
+#include "differential/peers/CNumbers.h"
 #include "differential/peers/Peers.h"
 
 #include <vtkCellArray.h>
@@ -132,6 +133,7 @@ bool hasVtk()
 
 std::optional<PeerMesh> loadWithVtk(QString const& path)
 {
+    CNumbers const numbers;
     QString const suffix = QFileInfo(path).suffix().toLower();
     if (suffix == QLatin1String("stl")) {
         vtkNew<vtkSTLReader> reader;
@@ -148,6 +150,7 @@ std::optional<PeerMesh> loadWithVtk(QString const& path)
 
 bool saveWithVtk(geometry::Mesh const& mesh, QString const& path, bool isBinary)
 {
+    CNumbers const numbers;
     if (path.endsWith(QLatin1String("ply"), Qt::CaseInsensitive)) {
         vtkNew<vtkPLYWriter> writer;
         writer->SetArrayName(colorArray);
