@@ -331,15 +331,24 @@ private Q_SLOTS:
         write(u"good.stl"_s, support::binaryStl(support::stlFacet(0)));
         write(u"short.stl"_s, support::binaryStl(support::stlFacet(0)).chopped(1));
         write(u"x.doc"_s, "text");
-        verify(run({u"check"_s, u"good.stl"_s}), 0, "good.stl: sound\n", {});
+        verify(run({u"check"_s, u"good.stl"_s}), 0,
+               "good.stl: note: 3 edges with one facet only\n"
+               "    nothing for a scan, which is a sheet; close the surface before printing\n"
+               "good.stl: sound\n",
+               {});
         verify(run({u"check"_s, u"short.stl"_s}), 3,
                "short.stl: error: the header says 1 facets = 134 bytes, the file holds 133 bytes, room for 0 "
-               "facets\n",
+               "facets\n"
+               "    bytes were lost or added: copy the file again, in binary mode; if it stays so, export it "
+               "again\n",
                u"surfaceio: short.stl: 1 error\n"_s);
         verify(run({u"check"_s, u"x.doc"_s}), 4,
-               "x.doc: error: neither the content nor the suffix is that of a format known here\n",
+               "x.doc: error: neither the content nor the suffix is that of a format known here\n"
+               "    \"surfaceio formats\" lists what can be read; export as one of these\n",
                u"surfaceio: x.doc: 1 error\n"_s);
-        verify(run({u"check"_s, u"gone"_s}), 1, "gone: error: there is no such file\n",
+        verify(run({u"check"_s, u"gone"_s}), 1,
+               "gone: error: there is no such file\n"
+               "    check the spelling of the path\n",
                u"surfaceio: gone: 1 error\n"_s);
     }
 

@@ -1,6 +1,8 @@
 #include "check/Check.h"
 
-#include <algorithm>
+#include "LibraryLog.h"
+#include "check/Checkers.h"
+#include "convert/MeshFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -8,65 +10,85 @@ namespace tool {
 
 namespace {
 
-QLatin1StringView codeOf(ExitCode code)
+QLatin1StringView codeOf(Inspection const& inspection)
 {
-    if (code == ExitCode::Malformed)
+    if (!inspection.problemCode.isEmpty())
+        return inspection.problemCode;
+    if (inspection.code == ExitCode::Malformed)
         return "malformed"_L1;
-    return code == ExitCode::Unsupported ? "unsupported"_L1 : "unreadable"_L1;
+    return inspection.code == ExitCode::Unsupported ? "unsupported"_L1 : "unreadable"_L1;
 }
 
-CheckResult resultOf(Inspection const& inspection)
+void addProblem(Inspection const& inspection, Findings& findings)
 {
-    if (inspection.code == ExitCode::Ok)
-        return {};
-    return {{{Finding::Severity::Error, codeOf(inspection.code), inspection.problem, {}}}, inspection.code};
+    QLatin1StringView const code = codeOf(inspection);
+    QString const remedy =
+        code == "malformed"_L1 ? u"export the file again, from the program that wrote it"_s : QString();
+    findings.fail(inspection.code, code, inspection.problem, remedy);
+}
+
+bool hasWrongSuffix(Check const& check)
+{
+    return !check.format.suffixes.isEmpty() && !hasSuffix(check.format, check.source.path);
+}
+
+bool passesInspection(Check& check)
+{
+    Inspection inspection;
+    check.format.inspect(check.source, inspection);
+    if (inspection.code != ExitCode::Ok)
+        addProblem(inspection, check.findings);
+    return inspection.code == ExitCode::Ok;
+}
+
+// By its suffix, as everybody reads it; with a wrong one there is nothing to be learned from that.
+void checkContent(Check& check)
+{
+    MeshSource const* const source = meshSourceFor(check.source.path);
+    if (source == nullptr || hasWrongSuffix(check))
+        return;
+    MeshFile file;
+    LogCapture const log;
+    bool const isRead = source->read(check.source.path, file);
+    for (QString const& message : log.messages())
+        check.findings.add("log"_L1, message);
+    if (isRead)
+        checkMesh(file.mesh, check.findings);
 }
 
 } // namespace
 
-QLatin1StringView nameOf(Finding::Severity severity)
+void checkMeshFile(Check& check)
 {
-    static constexpr std::array names = {"note"_L1, "warning"_L1, "error"_L1};
-    return names[static_cast<std::size_t>(severity)];
+    if (passesInspection(check))
+        checkContent(check);
 }
 
-void Check::note(QLatin1StringView code, QString const& reason, QString const& remedy)
+void checkStl(Check& check)
 {
-    findings.push_back({Finding::Severity::Note, code, reason, remedy});
+    if (!passesInspection(check))
+        return;
+    checkStlFacets(check.source, check.findings);
+    checkContent(check);
 }
 
-void Check::warning(QLatin1StringView code, QString const& reason, QString const& remedy)
-{
-    findings.push_back({Finding::Severity::Warning, code, reason, remedy});
-}
-
-void Check::error(QLatin1StringView code, QString const& reason, QString const& remedy)
-{
-    findings.push_back({Finding::Severity::Error, code, reason, remedy});
-}
-
-qint64 CheckResult::count(Finding::Severity severity) const
-{
-    return std::count_if(findings.begin(), findings.end(),
-                         [severity](Finding const& finding) { return finding.severity == severity; });
-}
-
-CheckResult checkFile(QString const& path, CheckContext& context)
+Findings checkFile(QString const& path, CheckContext& context)
 {
     Inspection inspection;
     std::optional<RecognisedFile> const file = recogniseFile(path, inspection);
-    if (!file)
-        return resultOf(inspection);
-    if (file->format->check == nullptr) {
-        file->format->inspect(file->source, inspection);
-        return resultOf(inspection);
+    if (!file) {
+        Findings findings;
+        addProblem(inspection, findings);
+        return findings;
     }
-    Check check(file->source, context);
-    file->format->check(check);
-    CheckResult result = {std::move(check.findings), ExitCode::Ok};
-    if (result.count(Finding::Severity::Error) > 0)
-        result.code = ExitCode::Malformed;
-    return result;
+    Check check(*file, context);
+    if (hasWrongSuffix(check))
+        check.findings.fail(
+            ExitCode::Unsupported, "wrong-suffix"_L1,
+            u"the content is that of %1, the suffix is not"_s.arg(QString(file->format->title)));
+    auto* const checker = file->format->check != nullptr ? file->format->check : checkMeshFile;
+    checker(check);
+    return std::move(check.findings);
 }
 
 } // namespace tool

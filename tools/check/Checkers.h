@@ -1,11 +1,21 @@
 #pragma once
 
+#include "check/Finding.h"
+#include "inhouse/data/Mesh.h"
+#include "inspect/Format.h"
+
 namespace tool {
 
-class Check;
-
-// What the rows of Formats.cpp check, one file for each family of formats.
+// What the rows of Formats.cpp check.
 void checkVolume(Check& check);
 void checkConditions(Check& check);
+void checkStl(Check& check);
+/// The inspector's verdict, then the mesh. For every format without a check of its own.
+void checkMeshFile(Check& check);
+
+/// What any mesh can have: size, edges, facets, normals. Linear in the mesh, but for sorting its edges.
+void checkMesh(geometry::Mesh const& mesh, Findings& findings);
+/// What only the facets of a binary STL file can have, whose size was found to be right.
+void checkStlFacets(Source const& source, Findings& findings);
 
 } // namespace tool

@@ -37,11 +37,12 @@ void checkReferences(Check& check, MTModelBoundaryConditions const& conditions)
         if (point >= 0 && point < pointCount(check.context))
             continue;
         if (++bad <= mostShown)
-            check.error("bad-reference"_L1, badPoint(check.context, k, point),
-                        u"take the volume mesh that the conditions were made for"_s);
+            check.findings.add("bad-reference"_L1, badPoint(check.context, k, point),
+                               u"take the volume mesh that the conditions were made for"_s);
     }
     if (bad > mostShown)
-        check.note("more-bad-references"_L1, u"%1 more references of this kind"_s.arg(bad - mostShown));
+        check.findings.add("more-bad-references"_L1,
+                           u"%1 more references of this kind"_s.arg(bad - mostShown));
 }
 
 void checkRepetitions(Check& check, MTModelBoundaryConditions const& conditions)
@@ -51,10 +52,9 @@ void checkRepetitions(Check& check, MTModelBoundaryConditions const& conditions)
     std::sort(points.begin(), points.end());
     auto const different = std::unique(points.begin(), points.end()) - points.begin();
     if (different != conditions.numBoundaryConditions)
-        check.warning(
+        check.findings.add(
             "repeated-points"_L1,
-            u"%1 conditions are for %2 points"_s.arg(conditions.numBoundaryConditions).arg(different),
-            u"give each point one condition: solvers differ in which of several they take"_s);
+            u"%1 conditions are for %2 points"_s.arg(conditions.numBoundaryConditions).arg(different));
 }
 
 void checkValues(Check& check, MTModelBoundaryConditions const& conditions)
@@ -63,8 +63,8 @@ void checkValues(Check& check, MTModelBoundaryConditions const& conditions)
     auto const bad = std::count_if(first, first + components * conditions.numBoundaryConditions,
                                    [](float value) { return !std::isfinite(value); });
     if (bad > 0)
-        check.warning("non-finite-values"_L1, u"%1 of %2 components are NaN or infinite"_s.arg(bad).arg(
-                                                  components * conditions.numBoundaryConditions));
+        check.findings.add("non-finite-values"_L1, u"%1 of %2 components are NaN or infinite"_s.arg(bad).arg(
+                                                       components * conditions.numBoundaryConditions));
 }
 
 } // namespace
@@ -73,15 +73,14 @@ void checkConditions(Check& check)
 {
     ConditionsFile const file = readConditionsFile(check.source.path);
     if (!file.problem.isEmpty()) {
-        check.error("malformed"_L1, file.problem);
+        check.findings.add("malformed"_L1, file.problem);
         return;
     }
     checkReferences(check, file.conditions);
     checkRepetitions(check, file.conditions);
     checkValues(check, file.conditions);
     if (!check.context.volume)
-        check.note("not-compared"_L1, u"the points were not compared with a volume mesh"_s,
-                   u"name the volume mesh before the conditions: surfaceio check MESH.vmesh CONDITIONS"_s);
+        check.findings.add("not-compared"_L1, u"the points were not compared with a volume mesh"_s);
 }
 
 } // namespace tool

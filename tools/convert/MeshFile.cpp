@@ -1,6 +1,7 @@
 #include "convert/MeshFile.h"
 
 #include "convert/ScanFiles.h"
+#include "convert/Suffixes.h"
 #include "framework/MeshReader.h"
 #include "framework/MeshWriter.h"
 #include "framework/XYZWriter.h"
@@ -8,7 +9,6 @@
 #include "volume/VolumeFindings.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <array>
 #include <memory>
@@ -116,28 +116,6 @@ constexpr std::array targets = {
     MeshTarget{"xyz"_L1, "XYZ points"_L1, writeXyz, xyzBytes},
     MeshTarget{"array"_L1, "mesh array record"_L1, writeArrayRecord, arrayRecordBytes},
 };
-
-template <typename Row>
-Row const* rowFor(QString const& path, std::span<Row const> rows)
-{
-    QString const suffix = QFileInfo(path).suffix().toLower();
-    for (Row const& row : rows) {
-        if (QString(row.suffixes).split(u' ').contains(suffix))
-            return &row;
-    }
-    return nullptr;
-}
-
-template <typename Row>
-QString joinedSuffixes(std::span<Row const> rows)
-{
-    QStringList suffixes;
-    for (Row const& row : rows) {
-        for (QString const& suffix : QString(row.suffixes).split(u' '))
-            suffixes << u'.' + suffix;
-    }
-    return suffixes.join(", "_L1);
-}
 
 } // namespace
 

@@ -1,6 +1,6 @@
 #include "header/Metadata.h"
 
-#include <QFileInfo>
+#include "convert/Suffixes.h"
 
 #include <array>
 
@@ -19,12 +19,7 @@ constexpr std::array rows = {
 
 MetadataFormat const* metadataFormatFor(QString const& path)
 {
-    QString const suffix = QFileInfo(path).suffix().toLower();
-    for (MetadataFormat const& row : rows) {
-        if (QString(row.suffixes).split(u' ').contains(suffix))
-            return &row;
-    }
-    return nullptr;
+    return rowFor(path, std::span<MetadataFormat const>(rows));
 }
 
 Problem copyRest(QIODevice& in, QIODevice& out)

@@ -27,7 +27,8 @@ void inspect(Source const& source, Inspection& inspection)
 {
     if (source.size < countsBytes) {
         inspection.fail(ExitCode::Malformed,
-                        u"expected two counts of 4 bytes, found %1 bytes"_s.arg(source.size));
+                        u"expected two counts of 4 bytes, found %1 bytes"_s.arg(source.size),
+                        "array-size"_L1);
         return;
     }
     qint64 const vertices = qFromBigEndian<qint32>(source.head.constData());
@@ -38,13 +39,15 @@ void inspect(Source const& source, Inspection& inspection)
     if (vertices < 0 || indices < 0)
         inspection.fail(
             ExitCode::Malformed,
-            u"expected counts from 0 on, found %1 vertices and %2 indices"_s.arg(vertices).arg(indices));
+            u"expected counts from 0 on, found %1 vertices and %2 indices"_s.arg(vertices).arg(indices),
+            "array-size"_L1);
     else if (source.size != recordBytes(vertices, indices))
         inspection.fail(ExitCode::Malformed,
                         u"%1 vertices and %2 indices take %3 bytes, the file holds %4"_s.arg(vertices)
                             .arg(indices)
                             .arg(recordBytes(vertices, indices))
-                            .arg(source.size));
+                            .arg(source.size),
+                        "array-size"_L1);
 }
 
 } // namespace

@@ -14,7 +14,7 @@ void Bounds::addTo(Report& report) const
     Report& box = report.section("boundingBox"_L1, u"bounding box (mm)"_s);
     box.add("min"_L1, u"min"_s, low);
     box.add("max"_L1, u"max"_s, high);
-    box.add("size"_L1, u"size"_s, high - low);
+    box.add("size"_L1, u"size"_s, size());
 }
 
 } // namespace tool

@@ -30,6 +30,8 @@ public:
     /// Adds "boundingBox" with min, max and size, and "nonFiniteVertices" where there are any.
     void addTo(Report& report) const;
 
+    /// Zero when there is no point inside.
+    QVector3D size() const { return high - low; }
     qint64 nonFiniteCount() const { return nonFinite; }
 
 private:

@@ -1,3 +1,4 @@
+#include "convert/Suffixes.h"
 #include "inspect/Formats.h"
 
 #include <QFile>
@@ -25,12 +26,14 @@ std::optional<RecognisedFile> recognise(Source const& source)
 std::optional<Source> open(QString const& path, Inspection& inspection)
 {
     if (QString const reason = whyNotRegular(path); !reason.isEmpty()) {
-        inspection.fail(ExitCode::ReadOrWriteFailed, reason);
+        inspection.fail(ExitCode::ReadOrWriteFailed, reason,
+                        QFileInfo::exists(path) ? "not-a-file"_L1 : "missing"_L1);
         return {};
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString());
+        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString(),
+                        "cannot-open"_L1);
         return {};
     }
     return Source{path, file.size(), file.read(Source::headBytes)};
@@ -38,10 +41,11 @@ std::optional<Source> open(QString const& path, Inspection& inspection)
 
 } // namespace
 
-void Inspection::fail(ExitCode code_, QString const& problem_)
+void Inspection::fail(ExitCode code_, QString const& problem_, QLatin1StringView problemCode_)
 {
     code = code_;
     problem = problem_;
+    problemCode = problemCode_;
 }
 
 QString whyNotRegular(QString const& path)
@@ -60,8 +64,7 @@ QString whyNotRegular(QString const& path)
 
 bool hasSuffix(Format const& format, QString const& path)
 {
-    QString const suffix = QFileInfo(path).suffix().toLower();
-    return QString(format.suffixes).split(u' ', Qt::SkipEmptyParts).contains(suffix);
+    return hasSuffix(path, format.suffixes);
 }
 
 std::optional<RecognisedFile> recogniseFile(QString const& path, Inspection& inspection)
@@ -73,7 +76,8 @@ std::optional<RecognisedFile> recogniseFile(QString const& path, Inspection& ins
     if (!file) {
         inspection.report.add("bytes"_L1, u"size in bytes"_s, source->size);
         inspection.fail(ExitCode::Unsupported,
-                        u"neither the content nor the suffix is that of a format known here"_s);
+                        u"neither the content nor the suffix is that of a format known here"_s,
+                        "unknown-format"_L1);
     }
     return file;
 }

@@ -29,8 +29,10 @@ struct Inspection
     ExitCode code = ExitCode::Ok;
     /// When `code` is not `Ok`: what was expected, what was found, and where.
     QString problem;
+    /// One of the codes of check/Finding.cpp; empty where `code` says it all.
+    QLatin1StringView problemCode;
 
-    void fail(ExitCode code, QString const& problem);
+    void fail(ExitCode code, QString const& problem, QLatin1StringView problemCode = {});
 };
 
 class Check;
@@ -48,7 +50,7 @@ struct Format
     QString (*recognise)(Source const& source);
     /// Looks into a file that was recognised, or that has one of the suffixes.
     void (*inspect)(Source const& source, Inspection& inspection);
-    /// Looks for everything that is wrong with such a file. Null where `inspect` finds it all.
+    /// Looks for everything that is wrong with such a file. Null where it is checked as any mesh.
     void (*check)(Check& check) = nullptr;
 };
 

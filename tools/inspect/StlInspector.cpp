@@ -1,4 +1,5 @@
 #include "LibraryLog.h"
+#include "check/Checkers.h"
 #include "inspect/Formats.h"
 #include "inspect/MetadataRecord.h"
 #include "inspect/StlBinary.h"
@@ -72,7 +73,8 @@ void failBinarySize(Source const& source, Inspection& inspection)
     if (source.size < stl::prefixBytes) {
         inspection.fail(
             ExitCode::Malformed,
-            u"expected a header of 80 bytes and a facet count of 4, found %1 bytes"_s.arg(source.size));
+            u"expected a header of 80 bytes and a facet count of 4, found %1 bytes"_s.arg(source.size),
+            "stl-too-short"_L1);
         return;
     }
     qint64 const claimed = stl::claimedFacets(source.head);
@@ -82,7 +84,8 @@ void failBinarySize(Source const& source, Inspection& inspection)
         u"the header says %1 facets = %2 bytes, the file holds %3 bytes, room for %4 facets"_s.arg(claimed)
             .arg(stl::fileBytes(claimed))
             .arg(source.size)
-            .arg(held));
+            .arg(held),
+        "stl-size"_L1);
 }
 
 void inspectBinary(Source const& source, Inspection& inspection)
@@ -111,13 +114,16 @@ void failNoVertices(Source const& source, Inspection& inspection)
         inspection.fail(
             ExitCode::Unsupported,
             u"a binary STL of %1 facets whose header begins with \"solid\": such a file is read as "
-            "text, and as text it holds no vertices"_s.arg(stl::claimedFacets(source.head)));
+            "text, and as text it holds no vertices"_s.arg(stl::claimedFacets(source.head)),
+            "stl-says-solid"_L1);
     else if (source.head.contains('\0'))
         inspection.fail(ExitCode::Malformed,
                         u"begins with \"solid\" as text does, but holds binary data whose size is "
-                        "not that of the facets it claims"_s);
+                        "not that of the facets it claims"_s,
+                        "stl-damaged-solid"_L1);
     else
-        inspection.fail(ExitCode::Malformed, u"expected lines that begin with \"vertex\", found none"_s);
+        inspection.fail(ExitCode::Malformed, u"expected lines that begin with \"vertex\", found none"_s,
+                        "stl-no-vertex"_L1);
 }
 
 void inspectText(Source const& source, Inspection& inspection)
@@ -131,11 +137,12 @@ void inspectText(Source const& source, Inspection& inspection)
     stl::TextContents const contents = stl::textContentsOf(file);
     addCounts(inspection.report, contents.vertices / 3, contents.vertices);
     if (!contents.problem.isEmpty())
-        inspection.fail(ExitCode::Malformed, contents.problem);
+        inspection.fail(ExitCode::Malformed, contents.problem, contents.problemCode);
     else if (contents.vertices == 0)
         failNoVertices(source, inspection);
     else if (!addCleanedCounts(inspection.report, source.path))
-        inspection.fail(ExitCode::Malformed, u"no facet has three different corners"_s);
+        inspection.fail(ExitCode::Malformed, u"no facet has three different corners"_s,
+                        "stl-all-degenerate"_L1);
     contents.bounds.addTo(inspection.report);
 }
 
@@ -161,6 +168,6 @@ Table stl::tagTable(Contents const& contents)
     return table;
 }
 
-Format const stlFormat = {"stl"_L1, "STL"_L1, "stl"_L1, recognise, inspect};
+Format const stlFormat = {"stl"_L1, "STL"_L1, "stl"_L1, recognise, inspect, checkStl};
 
 } // namespace tool

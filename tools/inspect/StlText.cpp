@@ -54,16 +54,19 @@ TextContents textContentsOf(QIODevice& device)
         std::optional<QVector3D> const vertex = vertexIn(line);
         if (!vertex) {
             contents.problem = badVertex(lineNumber, line);
+            contents.problemCode = "stl-bad-vertex"_L1;
             return contents;
         }
         ++contents.vertices;
         contents.lastVertexLine = lineNumber;
         contents.bounds.add(*vertex);
     }
-    if (contents.vertices % 3 != 0)
-        contents.problem = u"expected three vertices for each facet, found %1 vertices, the last in line %2"_s
-                               .arg(contents.vertices)
-                               .arg(contents.lastVertexLine);
+    if (contents.vertices % 3 == 0)
+        return contents;
+    contents.problemCode = "stl-vertex-count"_L1;
+    contents.problem = u"expected three vertices for each facet, found %1 vertices, the last in line %2"_s
+                           .arg(contents.vertices)
+                           .arg(contents.lastVertexLine);
     return contents;
 }
 

@@ -18,6 +18,7 @@ struct TextContents
     Bounds bounds;
     /// Why the file cannot be read, with the line; empty when nothing is wrong.
     QString problem;
+    QLatin1StringView problemCode;
 };
 
 TextContents textContentsOf(QIODevice& device);

@@ -1,6 +1,7 @@
 #include "check/Check.h"
 
 #include "Verb.h"
+#include "verbs/Inputs.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,7 +15,7 @@ namespace {
 
 struct Options
 {
-    std::vector<std::string> files;
+    std::vector<std::string> inputs;
     bool json = false;
 };
 
@@ -23,64 +24,65 @@ QString counted(qint64 count, QString const& noun)
     return u"%1 %2%3"_s.arg(QString::number(count), noun, count == 1 ? QString() : u"s"_s);
 }
 
-QString summaryOf(CheckResult const& result)
+QString summaryOf(Findings const& findings)
 {
     QStringList parts;
-    for (Finding::Severity const severity : {Finding::Severity::Error, Finding::Severity::Warning}) {
-        if (qint64 const count = result.count(severity); count > 0)
+    for (Severity const severity : {Severity::Error, Severity::Warning}) {
+        if (qint64 const count = findings.count(severity); count > 0)
             parts << counted(count, nameOf(severity));
     }
     return parts.join(u", "_s);
 }
 
-QString textOf(QString const& path, CheckResult const& result)
+QString textOf(QString const& path, Findings const& findings)
 {
     QString text;
-    for (Finding const& finding : result.findings) {
-        text += u"%1: %2: %3\n"_s.arg(path, nameOf(finding.severity), finding.reason);
+    for (Finding const& finding : findings.all()) {
+        text += u"%1: %2: %3\n"_s.arg(path, nameOf(finding.kind->severity), finding.reason);
         if (!finding.remedy.isEmpty())
             text += u"    "_s + finding.remedy + u'\n';
     }
-    if (summaryOf(result).isEmpty())
+    if (summaryOf(findings).isEmpty())
         text += path + u": sound\n"_s;
     return text;
 }
 
-void addTo(Report& all, QString const& path, CheckResult const& result)
+void addTo(Report& all, QString const& path, Findings const& findings)
 {
     Table table;
     table.columns = {{"severity"_L1, {}}, {"code"_L1, {}}, {"reason"_L1, {}}, {"remedy"_L1, {}}};
-    for (Finding const& finding : result.findings)
-        table.rows.push_back({nameOf(finding.severity), finding.code, finding.reason,
+    for (Finding const& finding : findings.all())
+        table.rows.push_back({nameOf(finding.kind->severity), finding.kind->code, finding.reason,
                               finding.remedy.isEmpty() ? Value() : Value(finding.remedy)});
     Report& file = all.addItem("files"_L1, path);
     file.add("path"_L1, {}, path);
-    file.add("errors"_L1, {}, result.count(Finding::Severity::Error));
-    file.add("warnings"_L1, {}, result.count(Finding::Severity::Warning));
+    file.add("errors"_L1, {}, findings.count(Severity::Error));
+    file.add("warnings"_L1, {}, findings.count(Severity::Warning));
     file.add("findings"_L1, {}, std::move(table));
 }
 
-void summarise(QString const& path, CheckResult const& result, Console& console)
+void summarise(QString const& path, Findings const& findings, Console& console)
 {
-    if (result.code != ExitCode::Ok)
-        console.failure(path + u": "_s + summaryOf(result));
-    else if (!summaryOf(result).isEmpty())
-        console.warning(path + u": "_s + summaryOf(result));
+    if (findings.exitCode() != ExitCode::Ok)
+        console.failure(path + u": "_s + summaryOf(findings));
+    else if (!summaryOf(findings).isEmpty())
+        console.warning(path + u": "_s + summaryOf(findings));
 }
 
 ExitCode run(Options const& options, Console& console)
 {
+    QStringList const files = filesIn(options.inputs);
     ExitCode code = ExitCode::Ok;
     CheckContext context;
     Report all;
-    for (std::string const& name : options.files) {
-        QString const path = QString::fromStdString(name);
-        CheckResult const result = checkFile(path, context);
-        summarise(path, result, console);
+    all.addList("files"_L1);
+    for (QString const& path : files) {
+        Findings const findings = checkFile(path, context);
+        summarise(path, findings, console);
         if (!options.json)
-            console.result(printable(textOf(path, result)));
-        addTo(all, path, result);
-        code = combined(code, result.code, options.files.size() == 1);
+            console.result(printable(textOf(path, findings)));
+        addTo(all, path, findings);
+        code = combined(code, findings.exitCode(), files.size() == 1);
     }
     if (options.json)
         console.result(all.json("surfaceio.check/1"_L1));
@@ -90,7 +92,8 @@ ExitCode run(Options const& options, Console& console)
 Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
-    app.add_option("FILE", options->files, "Files to check; conditions behind the volume mesh they are for")
+    app.add_option("FILE", options->inputs,
+                   "Files and folders to check; conditions behind the volume mesh they are for")
         ->required();
     app.add_flag("--json", options->json, "Print JSON, schema surfaceio.check/1");
     return [options](Console& console) { return run(*options, console); };
@@ -101,7 +104,7 @@ Verb::Action setUp(CLI::App& app)
 Verb const checkVerb = {
     "check",
     "Finds out what is wrong with a file, and says what to do about it.",
-    "  surfaceio check scan.stl\n"
+    "  surfaceio check --strict scans/\n"
     "  surfaceio check jaw.vmesh jaw.conditions",
     setUp,
 };

@@ -1,5 +1,6 @@
 #include "Verb.h"
 #include "convert/MeshFile.h"
+#include "convert/Suffixes.h"
 #include "inspect/Format.h"
 
 #include <CLI/CLI.hpp>
@@ -21,11 +22,6 @@ struct Abilities
 };
 
 using BySuffix = std::map<QString, Abilities>;
-
-QStringList split(QLatin1StringView suffixes)
-{
-    return QString(suffixes).split(u' ', Qt::SkipEmptyParts);
-}
 
 BySuffix abilities()
 {

@@ -1,0 +1,139 @@
+#include "check/Checkers.h"
+#include "inhouse/data/Unstrip.h"
+#include "inspect/Bounds.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+using Facet = std::array<int, 3>;
+
+std::vector<Facet> facetsOf(geometry::Mesh const& mesh)
+{
+    QList<int> const& indices = mesh.indices;
+    std::vector<Facet> facets;
+    facets.reserve(static_cast<std::size_t>(indices.size() / 4));
+    for (qsizetype i = 0; i + 3 < indices.size(); i += 4)
+        facets.push_back({indices[i], indices[i + 1], indices[i + 2]});
+    return facets;
+}
+
+/// An edge with its smaller end first, and whether a facet runs along it the other way.
+struct Edge
+{
+    int low;
+    int high;
+    bool isReversed;
+
+    auto key() const { return std::pair(low, high); }
+};
+
+std::vector<Edge> sortedEdges(std::vector<Facet> const& facets)
+{
+    std::vector<Edge> edges;
+    edges.reserve(3 * facets.size());
+    for (Facet const& facet : facets) {
+        for (std::size_t i = 0; i < 3; ++i) {
+            auto const [low, high] = std::minmax({facet[i], facet[(i + 1) % 3]});
+            edges.push_back({low, high, low != facet[i]});
+        }
+    }
+    std::sort(edges.begin(), edges.end(), [](Edge const& a, Edge const& b) { return a.key() < b.key(); });
+    return edges;
+}
+
+struct EdgeCounts
+{
+    qint64 open = 0;
+    qint64 crowded = 0;
+    qint64 flipped = 0;
+};
+
+EdgeCounts countEdges(std::vector<Edge> const& edges)
+{
+    EdgeCounts counts;
+    for (auto begin = edges.begin(); begin != edges.end();) {
+        auto const end =
+            std::find_if(begin, edges.end(), [&](Edge const& edge) { return edge.key() != begin->key(); });
+        auto const facets = end - begin;
+        counts.open += facets == 1;
+        counts.crowded += facets > 2;
+        counts.flipped += facets == 2 && begin->isReversed == (begin + 1)->isReversed;
+        begin = end;
+    }
+    return counts;
+}
+
+qint64 countDuplicates(std::vector<Facet> facets)
+{
+    for (Facet& facet : facets)
+        std::sort(facet.begin(), facet.end());
+    std::sort(facets.begin(), facets.end());
+    auto const distinct = std::unique(facets.begin(), facets.end()) - facets.begin();
+    return static_cast<qint64>(facets.size()) - distinct;
+}
+
+// An arch is 50 to 80 mm wide, a head 250 mm, a tooth 5 mm.
+void checkSize(Bounds const& bounds, Findings& findings)
+{
+    constexpr float smallest = 0.5f;
+    constexpr float largest = 5000.0f;
+    QVector3D const size = bounds.size();
+    float const across = std::max({size.x(), size.y(), size.z()});
+    QString const text = u"%1 mm across"_s.arg(static_cast<double>(across), 0, 'g', 4);
+    if (across > 0 && across < smallest)
+        findings.add("units-metres"_L1, text + u"; are these metres?"_s);
+    if (across > largest)
+        findings.add("units-micrometres"_L1, text + u"; are these micrometres?"_s);
+}
+
+void addCount(QLatin1StringView code, qint64 count, QString const& what, Findings& findings)
+{
+    if (count > 0)
+        findings.add(code, u"%1 %2"_s.arg(QString::number(count), what));
+}
+
+void checkVertices(geometry::Mesh const& mesh, Findings& findings)
+{
+    Bounds bounds;
+    for (QVector3D const& vertex : mesh.vertices)
+        bounds.add(vertex);
+    checkSize(bounds, findings);
+    addCount("nonfinite-vertices"_L1, bounds.nonFiniteCount(), u"vertices with a NaN or an infinity"_s,
+             findings);
+    auto const isNull = [](QVector3D const& normal) { return normal.isNull(); };
+    addCount("zero-normals"_L1, std::count_if(mesh.normals.begin(), mesh.normals.end(), isNull),
+             u"vertices without a normal"_s, findings);
+}
+
+void checkFacets(std::vector<Facet> const& facets, Findings& findings)
+{
+    EdgeCounts const edges = countEdges(sortedEdges(facets));
+    addCount("nonmanifold-edges"_L1, edges.crowded, u"edges with more than two facets"_s, findings);
+    addCount("flipped-facets"_L1, edges.flipped, u"edges whose two facets are wound against each other"_s,
+             findings);
+    addCount("duplicate-facets"_L1, countDuplicates(facets), u"facets that are there already"_s, findings);
+    addCount("open-edges"_L1, edges.open, u"edges with one facet only"_s, findings);
+}
+
+} // namespace
+
+void checkMesh(geometry::Mesh const& given, Findings& findings)
+{
+    geometry::Mesh const mesh = geometry::unstrip(given);
+    std::vector<Facet> const facets = facetsOf(mesh);
+    if (facets.empty()) {
+        findings.add("empty"_L1, u"no facets"_s);
+        return;
+    }
+    checkVertices(mesh, findings);
+    checkFacets(facets, findings);
+}
+
+} // namespace tool
