@@ -70,8 +70,8 @@ bool MTModelBoundaryConditionsParser::readText(QIODevice& device, qint64& lineNu
     QTextStream stream(&device);
     QString line;
     do {
+        ++lineNumber; // a line may be more than there is memory for
         line = stream.readLine();
-        ++lineNumber;
         if (!parseLine(line, lineNumber))
             return false;
     } while (!allBoundaryConditionsRead() && !line.isNull());
@@ -99,17 +99,19 @@ bool MTModelBoundaryConditionsParser::makeRoom()
 {
     qint64 const rows =
         vmesh::nextRoom(room, conditions.numBoundaryConditions, fileBytes, leastConditionBytes);
-    bool const isDone = vmesh::growRows(conditions.pointIndices, 1, room, rows, 0) &&
-                        vmesh::growRows(conditions.values, components, room, rows, 0.0f);
+    if (!vmesh::growRows(conditions.pointIndices, 1, room, rows, 0) ||
+        !vmesh::growRows(conditions.values, components, room, rows, 0.0f))
+        return false;
     room = rows;
-    return isDone;
+    return true;
 }
 
 bool MTModelBoundaryConditionsParser::readBoundaryCondition(QString const& line)
 {
-    QStringList const parts = line.split(u' ', Qt::KeepEmptyParts);
-    if (parts.size() != partsOfCondition)
+    // Counted first: the list of a line of blanks takes thirty times its memory.
+    if (line.count(u' ') != partsOfCondition - 1)
         return false;
+    QStringList const parts = line.split(u' ', Qt::KeepEmptyParts);
     bool isNumber = false;
     qint32 const pointIndex = parts.first().toInt(&isNumber);
     std::array<float, components> value = {};

@@ -24,6 +24,8 @@ public:
     /// digits. A record without conditions gives a file without conditions, a default record the count -1.
     ///
     /// False, with a message in the log, when the file cannot be opened. A disk that fills up is not noticed.
+    /// False without one when an array that the count calls for is null or memory
+    /// runs out.
     bool write(QString const& fileName);
 
 private:

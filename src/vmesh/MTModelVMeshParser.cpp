@@ -35,7 +35,8 @@ bool isTetrahedronCountCredible(qint64 count, qint64 fileBytes)
 {
     constexpr qint64 base = qint64(64) * 1024 * 1024;
     constexpr qint64 bytesForEachByte = 64;
-    return count * tetrahedronWidth * qint64(sizeof(qint32)) <= base + bytesForEachByte * fileBytes;
+    qint64 const excess = count * tetrahedronWidth * qint64(sizeof(qint32)) - base;
+    return excess <= 0 || (excess - 1) / bytesForEachByte < fileBytes;
 }
 
 bool isAscii(QByteArrayView bytes)
@@ -107,8 +108,8 @@ bool MTModelVMeshParser::readText(QIODevice& device, qint64& lineNumber)
     QTextStream stream(&device);
     QString line;
     do {
+        ++lineNumber; // a line may be more than there is memory for
         line = stream.readLine();
-        ++lineNumber;
         if (!parseLine(line, lineNumber))
             return false;
     } while (!line.isNull());
@@ -225,26 +226,29 @@ bool MTModelVMeshParser::makeArrays()
 bool MTModelVMeshParser::makeRoomForPoints()
 {
     qint64 const rows = vmesh::nextRoom(room.points, mesh.numPoints, room.fileBytes, leastPointBytes);
-    bool const isDone = vmesh::growRows(mesh.points, pointWidth, room.points, rows, 0.0f);
+    if (!vmesh::growRows(mesh.points, pointWidth, room.points, rows, 0.0f))
+        return false;
     room.points = rows;
-    return isDone;
+    return true;
 }
 
 bool MTModelVMeshParser::makeRoomForFaces()
 {
     qint64 const rows = vmesh::nextRoom(room.faces, mesh.numFaces, room.fileBytes, leastFaceBytes);
-    bool const isDone = vmesh::growRows(mesh.faces, faceWidth, room.faces, rows, 0) &&
-                        vmesh::growRows(mesh.triangles, triangleWidth, room.faces, rows, unknown);
+    if (!vmesh::growRows(mesh.faces, faceWidth, room.faces, rows, 0) ||
+        !vmesh::growRows(mesh.triangles, triangleWidth, room.faces, rows, unknown))
+        return false;
     room.faces = rows;
-    return isDone;
+    return true;
 }
 
 bool MTModelVMeshParser::makeRoomForBoundFaces()
 {
     qint64 const rows = vmesh::nextRoom(room.boundFaces, mesh.numBoundFaces, room.fileBytes, leastFaceBytes);
-    bool const isDone = vmesh::growRows(mesh.boundFaces, faceWidth, room.boundFaces, rows, unknown);
+    if (!vmesh::growRows(mesh.boundFaces, faceWidth, room.boundFaces, rows, unknown))
+        return false;
     room.boundFaces = rows;
-    return isDone;
+    return true;
 }
 
 bool MTModelVMeshParser::readPoint(QString const& line, qint64 index)

@@ -32,6 +32,8 @@ public:
     /// in the search for neighbours like any other.
     ///
     /// False, with a message in the log, when the file cannot be opened. A disk that fills up is not noticed.
+    /// False without one when an array that the counts call for is null, the mesh has got more
+    /// tetrahedra since construction, or memory runs out.
     bool write(QString const& fileName);
 
 private:
