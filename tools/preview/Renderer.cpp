@@ -148,7 +148,10 @@ private:
     {
         Point const point = seenFrom(view, surface.mesh.vertices[index]);
         auto const sixteenth = [](double sample) {
-            return static_cast<qint64>(std::floor(sample * sixteenths + 0.5));
+            // Where there is nothing to frame, places are no numbers.
+            constexpr double farAway = 1e15;
+            double const rounded = std::floor(sample * sixteenths + 0.5);
+            return std::abs(rounded) < farAway ? static_cast<qint64>(rounded) : qint64(0);
         };
         Corner corner = {sixteenth(frame.middleX + (point.x - frame.centreX) * frame.scale),
                          sixteenth(frame.middleY - (point.y - frame.centreY) * frame.scale),
