@@ -26,6 +26,7 @@ struct Verb
 };
 
 extern Verb const checkVerb;
+extern Verb const bundleVerb;
 extern Verb const convertVerb;
 extern Verb const formatsVerb;
 extern Verb const headerVerb;

@@ -8,6 +8,7 @@ namespace tool {
 extern Format const arrayFormat;
 extern Format const conditionsFormat;
 extern Format const plyFormat;
+extern Format const shapeTreeFormat;
 extern Format const stlFormat;
 extern Format const volumeFormat;
 
