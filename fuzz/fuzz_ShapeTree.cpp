@@ -3,6 +3,7 @@
 #include "scene/BinaryIOHelper.h"
 
 #include <QDataStream>
+#include <QIODevice>
 #include <QVersionNumber>
 
 namespace {
