@@ -13,9 +13,8 @@ inline constexpr int maxDepth = 512;
 inline constexpr int maxAttributes = 256;
 /// Tags, texts, comments and so on, of the whole document.
 inline constexpr int maxTokens = 4'000'000;
-/// Attributes of all elements together; fewer than this can stand in `maxBytes`, unless a document type
-/// declaration gives defaults.
-inline constexpr qint64 maxAttributesOfAll = 16'000'000;
+/// Attributes of all elements together, with the defaults of a document type declaration.
+inline constexpr qint64 maxAttributesOfAll = 4'000'000;
 /// Characters of all texts and attributes, with entities expanded, and of shapes within shapes once for each.
 inline constexpr qint64 maxCharacters = 64LL * 1024 * 1024;
 /// Bytes from "<!DOCTYPE" to its end.

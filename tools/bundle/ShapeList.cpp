@@ -118,7 +118,7 @@ QString pathOf(ListedShape const& shape, QString const& documentPath)
 
 QString whyNoMesh(QString const& path)
 {
-    if (QString const reason = whyNotRegular(path); !reason.isEmpty())
+    if (QString reason = whyNotRegular(path); !reason.isEmpty())
         return reason;
     QString const suffix = QFileInfo(path).suffix().toLower();
     bool const isKnown = suffix == "stl"_L1 || suffix == "ply"_L1 || suffix == "obj"_L1;
