@@ -5,7 +5,11 @@
 function(surfaceio_add_test name)
   cmake_parse_arguments(ARG "PRIVATE_PARTS" "TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
   add_executable(${name} ${name}.cpp ${ARG_SOURCES})
-  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  # One moc run for the one class of the file. AUTOMOC would add a scan, a depfile and an empty source per test.
+  set(moc "${CMAKE_CURRENT_BINARY_DIR}/${name}.moc")
+  qt_generate_moc(${name}.cpp "${moc}" TARGET ${name})
+  set_source_files_properties(${name}.cpp PROPERTIES OBJECT_DEPENDS "${moc}")
+  target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}")
   if(ARG_PRIVATE_PARTS)
     target_link_libraries(${name} PRIVATE surfaceio_static)
   else()
