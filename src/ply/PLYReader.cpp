@@ -1,5 +1,6 @@
 #include "ply/PLYReader.h"
 
+#include "framework/MemoryGuard.h"
 #include "ply/PLYSource.h"
 #include "ply/PLYTokens.h"
 
@@ -7,8 +8,6 @@
 #include <QDebug>
 #include <QFile>
 #include <QTextStream>
-
-#include <new>
 
 namespace {
 
@@ -75,11 +74,7 @@ bool PLYReader::read(QByteArray const& data, std::atomic<bool> const& cancel)
 
 bool PLYReader::read(QIODevice* device, std::atomic<bool> const& cancel)
 {
-    try {
-        return device && ensureReadable(*device) && readDevice(*device, cancel);
-    } catch (std::bad_alloc const&) {
-        return false;
-    }
+    return memory::succeeds([&] { return device && ensureReadable(*device) && readDevice(*device, cancel); });
 }
 
 bool PLYReader::readDevice(QIODevice& device, std::atomic<bool> const& cancel)

@@ -1,5 +1,6 @@
 #include "ply/PLYWriter.h"
 
+#include "framework/MemoryGuard.h"
 #include "inhouse/data/Unstrip.h"
 
 #include <QDataStream>
@@ -13,7 +14,6 @@
 #include <array>
 #include <bit>
 #include <initializer_list>
-#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -99,17 +99,6 @@ bool reportStep(bool success, char const* text, QDataStream const& stream)
     return success;
 }
 
-// Want of memory is a failure like any other.
-template <typename Step>
-bool succeeds(Step const& step)
-{
-    try {
-        return step();
-    } catch (std::bad_alloc const&) {
-        return false;
-    }
-}
-
 } // namespace
 
 PLYWriter::~PLYWriter() = default;
@@ -182,11 +171,11 @@ bool PLYWriter::writeData(QDataStream& stream)
 {
     stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
     stream.setByteOrder(QDataStream::LittleEndian);
-    if (!succeeds([&] { return writeHeader(stream); })) {
+    if (!memory::succeeds([&] { return writeHeader(stream); })) {
         errorMessage = QObject::tr("Could not write header to file at location: %1").arg(filePath);
         return false;
     }
-    if (!succeeds([&] { return writeBody(stream); })) {
+    if (!memory::succeeds([&] { return writeBody(stream); })) {
         errorMessage = QObject::tr("Could not write data to file at location: %1").arg(filePath);
         return false;
     }

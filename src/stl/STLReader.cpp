@@ -1,5 +1,6 @@
 #include "stl/STLReader.h"
 
+#include "framework/MemoryGuard.h"
 #include "framework/NumberParsing.h"
 #include "stl/STLCleaning.h"
 #include "stl/STLFacets.h"
@@ -14,7 +15,6 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <new>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -117,17 +117,6 @@ void appendVertex(geometry::Mesh& mesh, QVector3D const& vertex)
     mesh.vertices.append(vertex);
 }
 
-// Want of memory is a failure like any other.
-template <typename Step>
-bool succeeds(Step const& step)
-{
-    try {
-        return step();
-    } catch (std::bad_alloc const&) {
-        return false;
-    }
-}
-
 } // namespace
 
 STLReader::STLReader(STLTagHandler const* tagHandler, bool sharpEdges_, QString const& fileName_)
@@ -149,12 +138,12 @@ bool STLReader::read(std::atomic<bool> const& cancel)
 
 bool STLReader::read(QIODevice* device, std::atomic<bool> const& cancel)
 {
-    return succeeds([&] { return readFromDevice(device, cancel); });
+    return memory::succeeds([&] { return readFromDevice(device, cancel); });
 }
 
 bool STLReader::read(QByteArray const& data, std::atomic<bool> const& cancel)
 {
-    return succeeds([&] { return readFromBytes(data, cancel); });
+    return memory::succeeds([&] { return readFromBytes(data, cancel); });
 }
 
 bool STLReader::readFromDevice(QIODevice* device, std::atomic<bool> const& cancel)
