@@ -90,7 +90,7 @@ bool AssociatedShapesXMLReader::read(QString const& xmlFilePath)
                       "Meshes deleted.";
     }
     QFile file(xmlFilePath);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (xmlFilePath.isEmpty() || !file.open(QIODevice::ReadOnly)) { // Qt logs an empty name
         warn("Could not open "_L1, xmlFilePath);
         return false;
     }

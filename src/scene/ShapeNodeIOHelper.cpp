@@ -20,8 +20,16 @@ QVersionNumber versionNumber(std::pair<unsigned, unsigned> const& version)
     return {static_cast<int>(version.first), static_cast<int>(version.second)};
 }
 
+// Qt has something to say of an empty name; what becomes of it is for the callers to tell.
+bool openForReading(QFile& file)
+{
+    return !file.fileName().isEmpty() && file.open(QIODevice::ReadOnly);
+}
+
 bool openForWriting(QFile& file)
 {
+    if (file.fileName().isEmpty())
+        return false;
     QDir().mkpath(QFileInfo(file.fileName()).absolutePath());
     return file.open(QIODevice::WriteOnly);
 }
@@ -39,7 +47,7 @@ std::unique_ptr<geometry::ShapeNode>
 ShapeNodeIOHelper::read(QString const& fileName, QVersionNumber const& versionIfMissing, bool flag)
 {
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!openForReading(file)) {
         qWarning() << "ShapeNodeIOHelper : unable to load shape node from file: " << fileName;
         return nullptr;
     }
@@ -60,7 +68,7 @@ ShapeNodeIOHelper::read(QString const& fileName, QVersionNumber const& versionIf
 std::unique_ptr<geometry::Shape> ShapeNodeIOHelper::readShape(QString const& fileName)
 {
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!openForReading(file)) {
         qCritical() << "ShapeNodeIOHelper : unable to open file: " << fileName;
         return nullptr;
     }

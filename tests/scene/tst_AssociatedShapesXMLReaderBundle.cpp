@@ -1,71 +1,19 @@
-#include "framework/MeshReader.h"
+#include "BundleFiles.h"
 #include "scene/AssociatedShapesXMLReader.h"
 #include "scene/AssociatedShapesXMLWriter.h"
 #include "support/Meshes.h"
 #include "support/PlyFiles.h"
-#include "support/StlFiles.h"
 
 #include <QFile>
 #include <QStringEncoder>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <cmath>
-#include <limits>
-#include <type_traits>
-
 using geometry::Material;
 using geometry::Mesh;
 
 using namespace Qt::StringLiterals;
-
-static_assert(std::has_virtual_destructor_v<AssociatedShapesXMLReader>);
-static_assert(std::is_default_constructible_v<AssociatedShapesXMLReader>);
-static_assert(std::is_copy_constructible_v<AssociatedShapesXMLReader>);
-static_assert(std::is_copy_assignable_v<AssociatedShapesXMLReader>);
-
-namespace {
-
-using Files = QMap<QString, QByteArray>;
-
-QByteArray stl(int number)
-{
-    return support::binaryStl({support::loneFacet(number)});
-}
-
-Mesh meshOf(QByteArray const& bytes, QString const& name)
-{
-    return MeshReader::read(bytes, name).value();
-}
-
-Material numbered(int number)
-{
-    Material material = Material::metal();
-    material.shininess = static_cast<float>(number);
-    return material;
-}
-
-QByteArray documentWith(QByteArray const& content)
-{
-    return "<root>" + content + "</root>";
-}
-
-QByteArray materialsWith(QByteArray const& attributes)
-{
-    return "<materials><material id='m' " + attributes + "/></materials>";
-}
-
-// What a reader makes of a single shape with that material element.
-Material materialFrom(QByteArray const& attributes)
-{
-    AssociatedShapesXMLReader reader;
-    Files const files = {{u"x"_s, documentWith("<shapes><shape materialId='m'>a.stl</shape></shapes>" +
-                                               materialsWith(attributes))},
-                         {u"a.stl"_s, stl(1)}};
-    return reader.read(files, u"x"_s) ? reader.getMaterials().value(0) : Material();
-}
-
-} // namespace
+using namespace bundle_test;
 
 class tst_AssociatedShapesXMLReaderBundle : public QObject
 {
@@ -81,16 +29,6 @@ private Q_SLOTS:
     void skipsShapes();
     void looksAtDirectChildrenOnly_data();
     void looksAtDirectChildrenOnly();
-    void theLastDefinitionCounts();
-    void takesEachAttribute();
-    void missingAttributesAreZero();
-    void badAttributes_data();
-    void badAttributes();
-    void alphaComesBackOpaque();
-    void accumulates();
-    void takingEmptiesTheMeshes();
-    void failuresKeepWhatIsHeld();
-    void copiesAreIndependent();
     void readsOtherEncodings_data();
     void readsOtherEncodings();
 };
@@ -263,143 +201,6 @@ void tst_AssociatedShapesXMLReaderBundle::looksAtDirectChildrenOnly()
         QCOMPARE(reader.takeMeshes().size(), shapes);
         QCOMPARE(reader.getMaterials().size(), shapes);
     }
-}
-
-void tst_AssociatedShapesXMLReaderBundle::theLastDefinitionCounts()
-{
-    AssociatedShapesXMLReader reader;
-    Files const files = {
-        {u"doc"_s, documentWith("<shapes><shape materialId='m'>a.stl</shape></shapes><materials>"
-                                "<material id='m' shininess='1' transparency='1'/>"
-                                "<material id='m' shininess='2'/></materials>")},
-        {u"a.stl"_s, stl(1)}};
-    QVERIFY(reader.read(files, u"doc"_s));
-    QCOMPARE(reader.getMaterials().value(0).shininess, 2.0f);
-    QCOMPARE(reader.getMaterials().value(0).transparency, 0.0f);
-}
-
-void tst_AssociatedShapesXMLReaderBundle::takesEachAttribute()
-{
-    Material const material = materialFrom(
-        "ambientColor='#000001' diffuseColor='#000002' specularColor='#000003' emissiveColor='#000004' "
-        "ambientIntensity='5' diffuseIntensity='6' specularIntensity='7' emissiveIntensity='8' shininess='9' "
-        "transparency='10' baseReflectance='11' detailNoise='true'");
-    QCOMPARE(material, Material(QColor(0, 0, 1), QColor(0, 0, 2), QColor(0, 0, 3), QColor(0, 0, 4), 5, 6, 7,
-                                8, 9, 10, 11, true));
-}
-
-void tst_AssociatedShapesXMLReaderBundle::missingAttributesAreZero()
-{
-    QCOMPARE(materialFrom(""), Material(QColor(), QColor(), QColor(), QColor(), 0, 0, 0, 0, 0, 0, 0, false));
-}
-
-void tst_AssociatedShapesXMLReaderBundle::badAttributes_data()
-{
-    QTest::addColumn<QByteArray>("attributes");
-    QTest::addColumn<QColor>("color");
-    QTest::addColumn<float>("number");
-    QTest::addColumn<bool>("noise");
-    QColor const invalid;
-    QTest::newRow("good") << QByteArray("ambientColor='#0a0B0c' shininess='1.5' detailNoise='TRUE'")
-                          << QColor(10, 11, 12) << 1.5f << true;
-    QTest::newRow("text") << QByteArray("ambientColor='no colour' shininess='much' detailNoise='yes'")
-                          << invalid << 0.0f << false;
-    QTest::newRow("empty") << QByteArray("ambientColor='' shininess='' detailNoise=''") << invalid << 0.0f
-                           << false;
-    QTest::newRow("a decimal comma") << QByteArray("ambientColor='#12345' shininess='1,5' detailNoise='0'")
-                                     << invalid << 0.0f << false;
-    QTest::newRow("a colour's name") << QByteArray("ambientColor='red' shininess='-1e3' detailNoise='1'")
-                                     << QColor(255, 0, 0) << -1000.0f << true;
-    QTest::newRow("short colour") << QByteArray("ambientColor='#abc' shininess='0x10' detailNoise='-1'")
-                                  << QColor(0xAA, 0xBB, 0xCC) << 0.0f << false;
-    QTest::newRow("beyond float") << QByteArray("ambientColor='#80102030' shininess='1e60' detailNoise='2'")
-                                  << QColor(0x10, 0x20, 0x30, 0x80) << u"1e60"_s.toFloat() << false;
-    QTest::newRow("blanks") << QByteArray("ambientColor=' red' shininess=' 7 ' detailNoise=' true'")
-                            << QColor(u" red"_s) << 7.0f << false;
-}
-
-void tst_AssociatedShapesXMLReaderBundle::badAttributes()
-{
-    QFETCH(QByteArray, attributes);
-    QFETCH(QColor, color);
-    QFETCH(float, number);
-    QFETCH(bool, noise);
-    Material const material = materialFrom(attributes);
-    QCOMPARE(material.ambientColor, color);
-    QCOMPARE(material.ambientColor.isValid(), color.isValid());
-    QCOMPARE(material.shininess, number);
-    QCOMPARE(material.detailNoise, noise);
-}
-
-void tst_AssociatedShapesXMLReaderBundle::alphaComesBackOpaque()
-{
-    Material material = Material::metal();
-    material.diffuseColor = QColor(10, 20, 30, 0);
-    AssociatedShapesXMLWriter writer;
-    writer.add(u"a.stl"_s, u"m"_s, material);
-    AssociatedShapesXMLReader reader;
-    QVERIFY(reader.read({{u"doc"_s, writer.createXMLContent()}, {u"a.stl"_s, stl(1)}}, u"doc"_s));
-    QCOMPARE(reader.getMaterials().value(0).diffuseColor, QColor(10, 20, 30, 255));
-}
-
-void tst_AssociatedShapesXMLReaderBundle::accumulates()
-{
-    AssociatedShapesXMLReader reader;
-    auto const read = [&](int number) {
-        AssociatedShapesXMLWriter writer;
-        writer.add(u"a.stl"_s, u"m"_s, numbered(number));
-        return reader.read({{u"doc"_s, writer.createXMLContent()}, {u"a.stl"_s, stl(number)}}, u"doc"_s);
-    };
-    QVERIFY(read(1));
-    QVERIFY(read(2));
-    // Nothing new, but something is held.
-    QVERIFY(reader.read({{u"doc"_s, "<root/>"}}, u"doc"_s));
-    QList<Mesh> const meshes = reader.takeMeshes();
-    QCOMPARE(meshes.size(), 2);
-    QVERIFY(support::sameBits(meshes[0], meshOf(stl(1), u"a.stl"_s)));
-    QVERIFY(support::sameBits(meshes[1], meshOf(stl(2), u"a.stl"_s)));
-    QVERIFY(!reader.read({{u"doc"_s, "<root/>"}}, u"doc"_s));
-    QVERIFY(read(3));
-    QCOMPARE(reader.takeMeshes().size(), 1);
-    QCOMPARE(reader.getMaterials(), (QList<Material>{numbered(1), numbered(2), numbered(3)}));
-}
-
-void tst_AssociatedShapesXMLReaderBundle::takingEmptiesTheMeshes()
-{
-    AssociatedShapesXMLReader reader;
-    QVERIFY(reader.takeMeshes().isEmpty());
-    AssociatedShapesXMLWriter writer;
-    writer.add(u"a.stl"_s, u"m"_s, numbered(1));
-    QVERIFY(reader.read({{u"doc"_s, writer.createXMLContent()}, {u"a.stl"_s, stl(1)}}, u"doc"_s));
-    QCOMPARE(reader.takeMeshes().size(), 1);
-    QVERIFY(reader.takeMeshes().isEmpty());
-    QCOMPARE(reader.getMaterials().size(), 1);
-    QCOMPARE(reader.getMaterials().size(), 1);
-}
-
-void tst_AssociatedShapesXMLReaderBundle::failuresKeepWhatIsHeld()
-{
-    AssociatedShapesXMLReader reader;
-    AssociatedShapesXMLWriter writer;
-    writer.add(u"a.stl"_s, u"m"_s, numbered(1));
-    QVERIFY(reader.read({{u"doc"_s, writer.createXMLContent()}, {u"a.stl"_s, stl(1)}}, u"doc"_s));
-    QTest::ignoreMessage(QtWarningMsg, "Could not parse doc");
-    QVERIFY(!reader.read({}, u"doc"_s));
-    QCOMPARE(reader.takeMeshes().size(), 1);
-}
-
-void tst_AssociatedShapesXMLReaderBundle::copiesAreIndependent()
-{
-    AssociatedShapesXMLReader reader;
-    AssociatedShapesXMLWriter writer;
-    writer.add(u"a.stl"_s, u"m"_s, numbered(1));
-    QVERIFY(reader.read({{u"doc"_s, writer.createXMLContent()}, {u"a.stl"_s, stl(1)}}, u"doc"_s));
-    AssociatedShapesXMLReader copy(reader);
-    QCOMPARE(copy.takeMeshes().size(), 1);
-    QCOMPARE(reader.takeMeshes().size(), 1);
-    reader = copy;
-    QVERIFY(reader.takeMeshes().isEmpty());
-    QCOMPARE(reader.getMaterials().size(), 1);
 }
 
 void tst_AssociatedShapesXMLReaderBundle::readsOtherEncodings_data()

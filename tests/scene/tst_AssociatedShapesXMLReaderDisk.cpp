@@ -223,6 +223,8 @@ void tst_AssociatedShapesXMLReaderDisk::saysWhenItCannotOpen()
     QTest::ignoreMessage(QtWarningMsg, ("Could not open " + path.toUtf8()).constData());
     AssociatedShapesXMLReader reader;
     QVERIFY(!reader.read(path));
+    QTest::ignoreMessage(QtWarningMsg, "Could not open ");
+    QVERIFY(!reader.read(QString()));
 }
 
 void tst_AssociatedShapesXMLReaderDisk::saysWhenItCannotParse_data()

@@ -20,9 +20,17 @@ using namespace Qt::StringLiterals;
 static_assert(!std::is_default_constructible_v<DentalScanReader>);
 static_assert(std::is_copy_assignable_v<DentalScanReader> && std::is_move_assignable_v<DentalScanReader>);
 static_assert(std::is_empty_v<DentalScanReader>);
-static_assert(std::has_virtual_destructor_v<ScanDataParser>);
-static_assert(std::is_default_constructible_v<ScanDataParser>);
-static_assert(std::is_copy_constructible_v<ScanDataParser> && std::is_copy_assignable_v<ScanDataParser>);
+static_assert(std::has_virtual_destructor_v<ScanDataParser> && std::is_abstract_v<ScanDataParser>);
+
+namespace {
+
+// All that an application needs to make a parser of its own.
+class Parser : public ScanDataParser
+{};
+static_assert(std::is_default_constructible_v<Parser>);
+static_assert(std::is_copy_constructible_v<Parser> && std::is_copy_assignable_v<Parser>);
+
+} // namespace
 
 namespace {
 

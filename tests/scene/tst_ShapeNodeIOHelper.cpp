@@ -66,9 +66,11 @@ private Q_SLOTS:
     void readsBackShapes();
     void passesTheFlagOn();
     void saysWhenItCannotOpen();
+    void saysNothingMoreOfAnEmptyName();
     void readsFilesWithoutHeader();
     void treesThatBeginLikeAHeader_data();
     void treesThatBeginLikeAHeader();
+    void aBigEndianLengthIsNoHeader();
     void filesOfAnyShortLength();
     void knowsUnknownVersions_data();
     void knowsUnknownVersions();
@@ -227,6 +229,19 @@ void tst_ShapeNodeIOHelper::saysWhenItCannotOpen()
     QVERIFY(!ShapeNodeIOHelper::read(folder.path(), v2, false));
 }
 
+void tst_ShapeNodeIOHelper::saysNothingMoreOfAnEmptyName()
+{
+    expect(QtWarningMsg, message("unable to load shape node from file: ", {}));
+    QVERIFY(!ShapeNodeIOHelper::read({}, v2, false));
+    expect(QtCriticalMsg, message("unable to open file: ", {}));
+    QVERIFY(!ShapeNodeIOHelper::readShape({}));
+    expect(QtCriticalMsg, message("unable to save shape node to file: ", {}));
+    QVERIFY(!ShapeNodeIOHelper::write({}, sampleShape()));
+    ShapeNode root(u"a"_s);
+    expect(QtWarningMsg, message("unable to save shape node to file: ", {}));
+    QVERIFY(!ShapeNodeIOHelper::write({}, &root));
+}
+
 void tst_ShapeNodeIOHelper::readsFilesWithoutHeader()
 {
     auto const old = ShapeNodeIOHelper::read(store(oldTreeBytes()), v1, false);
@@ -261,6 +276,13 @@ void tst_ShapeNodeIOHelper::treesThatBeginLikeAHeader()
     QCOMPARE(root->getName(), name);
     expect(QtCriticalMsg, message("unable to read version: ", file));
     QVERIFY(!ShapeNodeIOHelper::readShape(file));
+}
+
+void tst_ShapeNodeIOHelper::aBigEndianLengthIsNoHeader()
+{
+    // As a tree it begins with a name of 600 million units, which ends with the file.
+    QByteArray const header = QByteArray("\0\0\0\x26", 4) + shapeTreeHeader(2, 0).sliced(4);
+    QVERIFY(!ShapeNodeIOHelper::read(store(header + treeBytes()), v2, false));
 }
 
 void tst_ShapeNodeIOHelper::filesOfAnyShortLength()
