@@ -3,7 +3,11 @@
 #include "inhouse/data/Mesh.h"
 
 #include <QByteArray>
+#include <QDir>
+#include <QFile>
 #include <QMessageLogContext>
+#include <QStringList>
+#include <QTemporaryDir>
 
 #include <cstddef>
 #include <cstdint>
@@ -56,14 +60,63 @@ inline void requireSame(geometry::Mesh const& a, geometry::Mesh const& b)
             a.colors == b.colors && sameBytes(a.textureCoordinates, b.textureCoordinates));
 }
 
-/// Keeps the library's messages off the terminal while fuzzing.
+/// What the library has logged since the last `silence`.
+inline QStringList& messages()
+{
+    static QStringList list;
+    return list;
+}
+
+/// Keeps the library's messages off the terminal, and in `messages` from here on.
 inline void silence()
 {
     static bool const done = [] {
-        qInstallMessageHandler([](QtMsgType, QMessageLogContext const&, QString const&) {});
+        qInstallMessageHandler(
+            [](QtMsgType, QMessageLogContext const&, QString const& text) { messages() << text; });
         return true;
     }();
     static_cast<void>(done);
+    messages().clear();
 }
+
+/// Decisions from the front of an input, a byte each; 0 when it is used up.
+class Choices
+{
+public:
+    explicit Choices(QByteArray const& input)
+        : bytes(input)
+    {}
+
+    int byte() { return next < bytes.size() ? static_cast<unsigned char>(bytes[next++]) : 0; }
+    int below(int count) { return byte() % count; }
+    bool flag() { return below(2) == 1; }
+    template <typename List>
+    auto const& of(List const& list)
+    {
+        return list[static_cast<std::size_t>(below(static_cast<int>(list.size())))];
+    }
+    /// What no decision has taken.
+    QByteArray rest() const { return bytes.sliced(next); }
+
+private:
+    QByteArray bytes;
+    qsizetype next = 0;
+};
+
+/// A folder for readers that want files; it lies where TMPDIR says, best in memory.
+class ScratchFolder
+{
+public:
+    QString path(QString const& name) const { return folder.filePath(name); }
+    QString write(QString const& name, QByteArray const& bytes) const
+    {
+        QFile file(path(name));
+        require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush());
+        return file.fileName();
+    }
+
+private:
+    QTemporaryDir folder;
+};
 
 } // namespace fuzz

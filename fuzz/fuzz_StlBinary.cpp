@@ -2,37 +2,61 @@
 #include "stl/STLReader.h"
 #include "stl/STLTagHandler.h"
 
+#include <QBuffer>
+
 #include <array>
+#include <atomic>
 #include <memory>
 #include <utility>
 #include <vector>
 
 namespace {
 
-using Surfaces = std::vector<std::unique_ptr<STLSurfaceData>>;
+struct Outcome
+{
+    bool success;
+    geometry::Mesh mesh;
+    std::vector<std::unique_ptr<STLSurfaceData>> surfaces;
+};
 
-std::pair<bool, Surfaces> read(QByteArray const& input, STLTagHandler const* handler)
+template <typename Source>
+Outcome read(Source&& source, STLTagHandler const* handler)
 {
     std::atomic<bool> const cancel = false;
     STLReader reader(handler, false, {});
-    bool const success = reader.read(input, cancel);
-    Surfaces surfaces;
+    Outcome outcome{reader.read(std::forward<Source>(source), cancel), reader.getMesh(), {}};
     for (STLSurfaceData* surface : reader.takeSTLSurfaceDataSets())
-        surfaces.emplace_back(surface);
-    return {success, std::move(surfaces)};
+        outcome.surfaces.emplace_back(surface);
+    return outcome;
 }
 
-void requireSameTwice(QByteArray const& input, STLTagHandler const* handler)
+void requireSound(Outcome const& outcome)
 {
-    auto const [firstSuccess, first] = read(input, handler);
-    auto const [secondSuccess, second] = read(input, handler);
-    fuzz::require(firstSuccess == secondSuccess && first.size() == second.size());
-    for (std::size_t i = 0; i < first.size(); ++i) {
-        fuzz::requireSound(first[i]->getMesh());
-        fuzz::requireSame(first[i]->getMesh(), second[i]->getMesh());
-        fuzz::require(first[i]->getTag() == second[i]->getTag() &&
-                      first[i]->getSubTag() == second[i]->getSubTag());
+    fuzz::requireSound(outcome.mesh);
+    fuzz::require(outcome.success || outcome.surfaces.empty());
+    for (auto const& surface : outcome.surfaces)
+        fuzz::requireSound(surface->getMesh());
+}
+
+void requireSame(Outcome const& a, Outcome const& b)
+{
+    fuzz::require(a.success == b.success && a.surfaces.size() == b.surfaces.size());
+    fuzz::requireSame(a.mesh, b.mesh);
+    for (std::size_t i = 0; i < a.surfaces.size(); ++i) {
+        fuzz::requireSame(a.surfaces[i]->getMesh(), b.surfaces[i]->getMesh());
+        fuzz::require(a.surfaces[i]->getTag() == b.surfaces[i]->getTag() &&
+                      a.surfaces[i]->getSubTag() == b.surfaces[i]->getSubTag());
     }
+}
+
+// From bytes, once more, and from a device.
+void requireSameEveryWay(QByteArray input, STLTagHandler const* handler)
+{
+    Outcome const outcome = read(input, handler);
+    requireSound(outcome);
+    requireSame(outcome, read(input, handler));
+    QBuffer device(&input);
+    requireSame(outcome, read(&device, handler));
 }
 
 } // namespace
@@ -53,8 +77,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     UseAllTagsHandler const all;
     for (STLTagHandler const* handler :
          std::array<STLTagHandler const*, 4>{nullptr, &inclusive, &exclusive, &all}) {
-        requireSameTwice(input, handler);
-        requireSameTwice(wellFormed, handler);
+        requireSameEveryWay(input, handler);
+        requireSameEveryWay(wellFormed, handler);
     }
     return 0;
 }
