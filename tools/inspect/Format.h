@@ -4,6 +4,7 @@
 #include "Report.h"
 
 #include <QByteArrayView>
+#include <QStringList>
 
 #include <optional>
 #include <span>
@@ -31,6 +32,8 @@ struct Inspection
     QString problem;
     /// One of the codes of check/Finding.cpp; empty where `code` says it all.
     QLatin1StringView problemCode;
+    /// What is as it should not be, though the file can be read.
+    QStringList warnings;
 
     void fail(ExitCode code, QString const& problem, QLatin1StringView problemCode = {});
 };

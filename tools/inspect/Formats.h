@@ -7,6 +7,7 @@ namespace tool {
 // One inspector for each format, in a file of its own.
 extern Format const arrayFormat;
 extern Format const conditionsFormat;
+extern Format const objFormat;
 extern Format const plyFormat;
 extern Format const shapeTreeFormat;
 extern Format const stlFormat;

@@ -1,4 +1,5 @@
 #include "header/Metadata.h"
+#include "images/ImageFile.h"
 #include "inspect/Bounds.h"
 #include "inspect/Formats.h"
 #include "inspect/MetadataRecord.h"
@@ -8,7 +9,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
 
 #include <algorithm>
 #include <array>
@@ -139,21 +139,18 @@ void addColors(Report& report, QList<unsigned int> const& colors)
     report.add("colors"_L1, u"colours"_s, std::move(table));
 }
 
-void addTexture(Report& report, Source const& source, HeaderText const& header)
+void addTexture(Report& report, ImageFile const& image, HeaderText const& header)
 {
     if (header.textureName.isEmpty()) {
         report.add("texture"_L1, {}, Value());
         return;
     }
-    QFileInfo const file(QFileInfo(source.path).dir(), header.textureName);
-    QImageReader image(file.filePath());
-    image.setDecideFormatFromContent(true);
-    QSize const size = image.size();
     Report& texture = report.section("texture"_L1, u"texture"_s);
     texture.add("name"_L1, u"name"_s, header.textureName);
-    texture.add("found"_L1, u"found"_s, file.exists());
+    texture.add("found"_L1, u"found"_s, image.isFound);
     texture.add("size"_L1, u"size in pixels"_s,
-                size.isValid() ? Value::array({qint64(size.width()), qint64(size.height())}) : Value());
+                image.isImage() ? Value::array({qint64(image.size.width()), qint64(image.size.height())})
+                                : Value());
 }
 
 Value colorValue(QColor const& color)
@@ -264,7 +261,10 @@ void inspect(Source const& source, Inspection& inspection)
     addElements(report, header);
     if (reading.success)
         addContents(report, header, reading);
-    addTexture(report, source, header);
+    ImageFile const texture = imageFileAt(QFileInfo(source.path).dir().absoluteFilePath(header.textureName));
+    addTexture(report, texture, header);
+    if (texture.isOverLimit())
+        inspection.warnings << texture.limitProblem(header.textureName);
     addMaterial(report, reading.reader->getMaterial());
     addMetadataLines(report, file);
     addComments(report, header);

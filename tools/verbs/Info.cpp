@@ -1,4 +1,5 @@
 #include "Verb.h"
+#include "images/ImageLimit.h"
 #include "inspect/Format.h"
 
 #include <CLI/CLI.hpp>
@@ -45,6 +46,8 @@ ExitCode info(Options const& options, Console& console)
         Inspection inspection = inspectFile(path);
         if (inspection.code != ExitCode::Ok)
             console.failure(path + u": "_s + inspection.problem);
+        for (QString const& warning : inspection.warnings)
+            console.warning(path + u": "_s + warning);
         addVerdict(inspection);
         all.addItem("files"_L1, path) = std::move(inspection.report);
         code = combined(code, inspection.code, options.files.size() == 1);
@@ -58,6 +61,7 @@ Verb::Action setUp(CLI::App& app)
     auto const options = std::make_shared<Options>();
     app.add_option("FILE", options->files, "Files to look at")->required();
     app.add_flag("--json", options->json, "Print JSON, schema surfaceio.info/1");
+    addImageLimitOption(app);
     return [options](Console& console) { return info(*options, console); };
 }
 

@@ -1,0 +1,228 @@
+#include "inspect/Formats.h"
+#include "obj/ObjReading.h"
+#include "obj/TextLines.h"
+
+#include <QBuffer>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+using obj::ImageLine;
+using obj::MtlLibrary;
+using obj::MtlMaterial;
+using obj::Names;
+using obj::ObjText;
+
+constexpr std::size_t mostNames = 100;
+constexpr std::size_t mostKeywords = 20;
+
+// A text of which every line begins with a word of the format, and one of them is a vertex or a face.
+QString recognise(Source const& source)
+{
+    static constexpr std::array keywords = {"v", "vt", "vn", "f", "o", "g", "s", "usemtl", "mtllib"};
+    QByteArray head = source.head.left(source.head.lastIndexOf('\n') + 1);
+    QBuffer in(&head);
+    in.open(QIODevice::ReadOnly);
+    obj::TextLines lines(in);
+    bool hasContent = false;
+    while (lines.next()) {
+        QByteArrayView const keyword = lines.tokens().front();
+        if (std::find(keywords.begin(), keywords.end(), keyword) == keywords.end())
+            return {};
+        hasContent = hasContent || ((keyword == "v" || keyword == "f") && lines.tokens().size() > 3);
+    }
+    return hasContent ? u"by its lines, which are those of an OBJ file"_s : QString();
+}
+
+// Without rows it is left out of the text.
+void addTable(Report& report, QLatin1StringView key, QString const& label, Table table)
+{
+    QString const shown = table.rows.empty() ? QString() : label;
+    report.add(key, shown, std::move(table));
+}
+
+void addCounts(Report& report, ObjText const& text)
+{
+    Report& counts = report.section("inFile"_L1, u"in the file"_s);
+    counts.add("vertices"_L1, u"vertices (v)"_s, text.vertices);
+    counts.add("textureCoordinates"_L1, u"texture coordinates (vt)"_s, text.textureCoordinates);
+    counts.add("normals"_L1, u"normals (vn)"_s, text.normals);
+    counts.add("faces"_L1, u"faces (f)"_s, text.faces);
+    counts.add("objects"_L1, u"objects (o)"_s, qint64(text.objects.all().size()));
+    counts.add("groups"_L1, u"groups (g)"_s, qint64(text.groups.all().size()));
+    counts.add("vertexColors"_L1, u"vertices with colours, which are not read"_s, text.vertexColors.count);
+}
+
+void addFaces(Report& report, ObjText const& text)
+{
+    Table table;
+    table.columns = {{"corners"_L1, u"corners"_s},
+                     {"style"_L1, u"style"_s},
+                     {"relative"_L1, u"relative"_s},
+                     {"count"_L1, u"count"_s}};
+    for (auto const& [kind, count] : text.faceKinds)
+        table.rows.push_back({kind.corners, nameOf(kind.style), kind.isRelative, count});
+    addTable(report, "faceKinds"_L1, u"faces"_s, std::move(table));
+}
+
+void addNames(Report& report, QLatin1StringView key, QString const& label, Names const& names)
+{
+    Table table;
+    table.columns = {{"name"_L1, u"name"_s}, {"faces"_L1, u"faces"_s}};
+    for (Names::Entry const& entry : names.all()) {
+        if (table.rows.size() < mostNames)
+            table.rows.push_back({entry.name, entry.faces});
+    }
+    addTable(report, key, label, std::move(table));
+}
+
+void addSkipped(Report& report, ObjText const& text)
+{
+    Table table;
+    table.columns = {{"keyword"_L1, u"keyword"_s}, {"count"_L1, u"count"_s}};
+    for (auto const& [keyword, count] : text.skipped) {
+        if (table.rows.size() < mostKeywords)
+            table.rows.push_back({keyword, count});
+    }
+    addTable(report, "skippedLines"_L1, u"lines that are not read"_s, std::move(table));
+}
+
+void addTextureRange(Report& report, ObjText const& text)
+{
+    Table table;
+    table.columns = {{"axis"_L1, u"axis"_s},
+                     {"min"_L1, u"min"_s},
+                     {"max"_L1, u"max"_s},
+                     {"outside"_L1, u"outside 0 to 1"_s}};
+    if (text.textureCoordinates > 0)
+        table.rows = {{"u"_L1, text.u.least, text.u.greatest, text.u.outside.count},
+                      {"v"_L1, text.v.least, text.v.greatest, text.v.outside.count}};
+    addTable(report, "textureRange"_L1, u"texture coordinates"_s, std::move(table));
+}
+
+QLatin1StringView useOf(MtlMaterial const& material, ImageLine const& image)
+{
+    if (material.faces == 0)
+        return "unused"_L1;
+    return &image == &material.images.back() ? "texture"_L1 : "replaced"_L1;
+}
+
+QLatin1StringView stateOf(ImageFile const& image)
+{
+    if (!image.isFound)
+        return "missing"_L1;
+    if (!image.isImage())
+        return "no image"_L1;
+    return image.isOverLimit() ? "over the limit"_L1 : "found"_L1;
+}
+
+Value sizeOf(QSize const& size)
+{
+    return size.isValid() ? Value::array({qint64(size.width()), qint64(size.height())}) : Value();
+}
+
+void addImages(Report& report, MtlMaterial const& material)
+{
+    Table table;
+    table.columns = {{"keyword"_L1, u"image"_s}, {"name"_L1, u"name"_s}, {"options"_L1, u"options"_s},
+                     {"state"_L1, u"state"_s},   {"size"_L1, u"size"_s}, {"use"_L1, u"use"_s},
+                     {"line"_L1, u"line"_s}};
+    for (ImageLine const& image : material.images)
+        table.rows.push_back({image.keyword, image.name,
+                              image.options.isEmpty() ? Value() : Value(image.options), stateOf(image.image),
+                              sizeOf(image.image.size), useOf(material, image), image.line});
+    addTable(report, "images"_L1, u"images"_s, std::move(table));
+}
+
+Value colorValue(QColor const& color)
+{
+    return color.isValid() ? Value::array({qint64(color.red()), qint64(color.green()), qint64(color.blue())})
+                           : Value();
+}
+
+void addMaterials(Report& report, MtlLibrary const& library)
+{
+    report.addList("materials"_L1);
+    for (MtlMaterial const& material : library.materials) {
+        Report& item = report.addItem("materials"_L1, u"material "_s + material.name);
+        item.add("name"_L1, {}, material.name);
+        item.add("faces"_L1, u"faces"_s, material.faces);
+        item.add("diffuseColor"_L1, u"diffuse colour"_s, colorValue(material.diffuse));
+        addImages(item, material);
+    }
+}
+
+void addLibraries(Report& report, obj::MaterialTree const& tree)
+{
+    report.addList("libraries"_L1);
+    for (MtlLibrary const& library : tree.libraries) {
+        Report& item = report.addItem("libraries"_L1, u"material library "_s + library.name);
+        item.add("name"_L1, {}, library.name);
+        item.add("found"_L1, u"found"_s, library.isFound);
+        QString const label = library.stopsAt > 0 ? u"read up to line"_s : QString();
+        item.add("stopsAtLine"_L1, label, library.stopsAt > 0 ? Value(library.stopsAt) : Value());
+        addMaterials(item, library);
+    }
+    Table table;
+    table.columns = {{"name"_L1, u"name"_s}, {"faces"_L1, u"faces"_s}};
+    for (Names::Entry const& entry : tree.undefined)
+        table.rows.push_back({entry.name, entry.faces});
+    addTable(report, "undefinedMaterials"_L1, u"materials that are not defined"_s, std::move(table));
+}
+
+void addRead(Report& report, obj::Reading const& reading)
+{
+    if (!reading.reader->isValid())
+        return;
+    constexpr qint64 indicesOfTriangle = 4;
+    geometry::Mesh const& mesh = reading.reader->getMesh();
+    QImage const& texture = reading.reader->getTexture();
+    Report& read = report.section("read"_L1, u"as read"_s);
+    read.add("facets"_L1, u"facets"_s, mesh.indices.size() / indicesOfTriangle);
+    read.add("vertices"_L1, u"vertices"_s, qint64(mesh.vertices.size()));
+    read.add("normals"_L1, u"normals"_s, reading.text.normals > 0 ? "in the file"_L1 : "computed"_L1);
+    read.add("textureCoordinates"_L1, u"texture coordinates"_s, qint64(mesh.textureCoordinates.size()));
+    read.add("texture"_L1, u"texture in pixels"_s, sizeOf(texture.isNull() ? QSize() : texture.size()));
+}
+
+void warnOfLargeImages(obj::MaterialTree const& tree, Inspection& inspection)
+{
+    obj::forEachImage(tree, [&](MtlMaterial const&, ImageLine const& image) {
+        if (image.image.isOverLimit())
+            inspection.warnings << image.image.limitProblem(image.given);
+    });
+    inspection.warnings.removeDuplicates();
+}
+
+void inspect(Source const& source, Inspection& inspection)
+{
+    std::optional<obj::Reading> const reading = obj::readFile(source.path);
+    if (!reading) {
+        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened"_s, "cannot-open"_L1);
+        return;
+    }
+    Report& report = inspection.report;
+    addCounts(report, reading->text);
+    addFaces(report, reading->text);
+    addNames(report, "objects"_L1, u"objects"_s, reading->text.objects);
+    addNames(report, "groups"_L1, u"groups"_s, reading->text.groups);
+    addSkipped(report, reading->text);
+    reading->text.bounds.addTo(report);
+    addTextureRange(report, reading->text);
+    addLibraries(report, reading->tree);
+    addRead(report, *reading);
+    warnOfLargeImages(reading->tree, inspection);
+    obj::judge(*reading, inspection);
+}
+
+} // namespace
+
+Format const objFormat = {"obj"_L1, "OBJ"_L1, "obj"_L1, recognise, inspect};
+
+} // namespace tool
