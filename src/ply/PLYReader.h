@@ -8,6 +8,7 @@
 #include "ply/PLYTypes.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QColor>
 #include <QList>
 #include <QMap>
@@ -18,6 +19,12 @@
 class QDataStream;
 class QIODevice;
 class QTextStream;
+
+namespace ply {
+struct FaceRow;
+struct VertexRow;
+class RowDecoder;
+} // namespace ply
 
 /// Reads binary PLY files of either byte order into a `geometry::Mesh` or a `geometry::PointCloud`: one
 /// vertex element, triangles, one `velquin_material` record, a texture named by a comment line
@@ -38,7 +45,7 @@ class QTextStream;
 /// else silently. Memory grows with the bytes that are there, never with a count in the header.
 ///
 /// Threads: as `SurfaceReader`. The flag is polled for each header line, vertex, face, material property
-/// and component of a colour or vector.
+/// and component of a colour or vector; once a row where whole rows are decoded.
 class SURFACEIO_EXPORT PLYReader : public SurfaceReader
 {
 public:
@@ -86,15 +93,22 @@ public:
 
 private:
     /// The body before it becomes a mesh or a point cloud. Of the last three, each is empty or has an
-    /// entry for each position.
+    /// entry for each position. Colours are packed, AABBGGRR.
     struct VertexData
     {
         QList<QVector3D> positions;
         QList<QVector3D> normals;
-        QList<QColor> colors;
+        QList<unsigned int> colors;
         QList<QVector2D> textureCoordinates;
     };
+    struct FaceData
+    {
+        QList<int>& indices;
+        int vertexCount;
+        int count = 0;
+    };
     struct Vertex;
+    struct VertexTargets;
     struct Face;
     struct MaterialData;
     using PropertyList = QList<PLYHeader::TypedProperty>;
@@ -130,6 +144,19 @@ private:
     static bool readIndices(QDataStream& stream, PLYHeader const& header, Face& face);
     static bool readMaterialProperty(QDataStream& stream, PLYHeader::TypedProperty const& property,
                                      MaterialData& record, std::atomic<bool> const& cancel);
+
+    bool readVertexRows(QDataStream& stream, PLYHeader const& header, PropertyList const& properties,
+                        VertexData& vertices, std::atomic<bool> const& cancel) const;
+    VertexTargets extended(VertexData& vertices, PLYHeader const& header, ply::VertexRow const& row,
+                           qsizetype rows) const;
+    static void decodeVertex(ply::RowDecoder const& decoder, char const* bytes, ply::VertexRow const& row,
+                             PLYHeader const& header, VertexTargets& targets);
+    bool readFaceRows(QDataStream& stream, PLYHeader const& header, PropertyList const& properties,
+                      FaceData& faces, std::atomic<bool> const& cancel);
+    static qsizetype decodeFaces(ply::RowDecoder const& decoder, QByteArrayView bytes,
+                                 ply::FaceRow const& row, FaceData& faces, std::atomic<bool> const& cancel);
+    void appendFaceColors(ply::RowDecoder const& decoder, QByteArrayView bytes, ply::FaceRow const& row);
+
     void storePointCloud(VertexData const& vertices);
     bool storeMesh(PLYHeader const& header, VertexData const& vertices, QList<int> const& indices,
                    std::atomic<bool> const& cancel);
@@ -152,4 +179,6 @@ private:
     geometry::PointCloud pointCloud;
     utility::Optional<geometry::Material> material;
     QImage textureOverride;
+    /// Whether rows of fixed layout are decoded from memory. For tests: off, all go value by value.
+    bool decodesRows = true;
 };

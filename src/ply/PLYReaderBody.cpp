@@ -87,15 +87,6 @@ bool hasByteForEachRow(QDataStream const& stream, int rows)
     return rows <= freeRows || (source && source->holds(rows));
 }
 
-QList<unsigned int> packed(QList<QColor> const& colors)
-{
-    QList<unsigned int> result;
-    result.reserve(colors.size());
-    for (QColor const& color : colors)
-        result.append(ColorUtil::toAABBGGRR(color, true));
-    return result;
-}
-
 } // namespace
 
 bool PLYReader::readBinary(QIODevice* device, PLYHeader const& header, ply::Format format,
@@ -124,10 +115,9 @@ bool PLYReader::readBinary(QIODevice* device, PLYHeader const& header, ply::Form
 
 void PLYReader::storePointCloud(VertexData const& vertices)
 {
-    QList<unsigned int> const colors = packed(vertices.colors); // may run out of memory: before all else
     pointCloud.positions = vertices.positions;
     pointCloud.normals = vertices.normals;
-    pointCloud.colors() = colors;
+    pointCloud.colors() = vertices.colors;
     if (material)
         pointCloud.setMaterial(*material);
 }
@@ -142,7 +132,7 @@ bool PLYReader::storeMesh(PLYHeader const& header, VertexData const& vertices, Q
     } else if (textureSupport == TextureRequired) {
         return false;
     } else {
-        mesh = geometry::Mesh(vertices.positions, indices, vertices.normals, packed(vertices.colors));
+        mesh = geometry::Mesh(vertices.positions, indices, vertices.normals, vertices.colors);
     }
     if (vertices.normals.isEmpty())
         computeNormals(cancel);
@@ -157,7 +147,11 @@ bool PLYReader::readVerticesData(QDataStream& stream, PLYHeader const& header, V
     PropertyList const properties = vertexPropertiesOf(header);
     if (properties.isEmpty() && !hasByteForEachRow(stream, header.getVerticesCount()))
         return false;
-    for (int i = 0; i < header.getVerticesCount(); ++i) {
+    if (!readVertexRows(stream, header, properties, vertices, cancel))
+        return false;
+    if (stream.atEnd())
+        return true;
+    for (auto i = vertices.positions.size(); i < header.getVerticesCount(); ++i) {
         Vertex vertex;
         if (cancel || !readVertex(stream, properties, vertex, cancel))
             return false;
@@ -199,13 +193,13 @@ void PLYReader::appendVertex(Vertex const& vertex, PLYHeader const& header, Vert
     if (vertex.hasNormal)
         vertices.normals.append(vertex.normal);
     if (vertex.hasColor)
-        vertices.colors.append(vertex.color);
+        vertices.colors.append(ColorUtil::toAABBGGRR(vertex.color, true));
     else if (!vertex.hasTextureCoordinate || !header.hasTexture())
         return;
     else if (isTextureSupportRequested())
         vertices.textureCoordinates.append(vertex.uv);
     else
-        vertices.colors.append(header.getTextureColor(vertex.uv));
+        vertices.colors.append(ColorUtil::toAABBGGRR(header.getTextureColor(vertex.uv), true));
 }
 
 bool PLYReader::readFacesData(QDataStream& stream, PLYHeader const& header, QList<int>& indices,
@@ -219,7 +213,10 @@ bool PLYReader::readFacesData(QDataStream& stream, PLYHeader const& header, QLis
         return header.getFacesCount() <= 0 || !cancel;
     if (properties.isEmpty() && !hasByteForEachRow(stream, header.getFacesCount()))
         return false;
-    for (int i = 0; i < header.getFacesCount(); ++i) {
+    FaceData faces{indices, vertexCount};
+    if (!readFaceRows(stream, header, properties, faces, cancel))
+        return false;
+    for (int i = faces.count; i < header.getFacesCount(); ++i) {
         if (stream.atEnd())
             return true;
         Face face{indices, vertexCount, {}};

@@ -46,6 +46,17 @@ bool PLYSource::holds(qint64 count) const
     return available() >= count;
 }
 
+QByteArrayView PLYSource::lookAhead(qsizetype count) const
+{
+    return inBody && holds(count) ? QByteArrayView(ahead).sliced(next) : QByteArrayView();
+}
+
+void PLYSource::drop(qsizetype count)
+{
+    next += count;
+    handedOut += count;
+}
+
 bool PLYSource::atEnd() const
 {
     return endlessLine || !holds(1);

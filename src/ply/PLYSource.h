@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QIODevice>
 
 /// A device's bytes for the two halves of a PLY file: first the header's lines, then the body.
@@ -33,6 +34,12 @@ public:
     void startBody() { inBody = true; }
     /// Whether at least `count` more bytes are there. Reads them ahead.
     bool holds(qint64 count) const;
+
+    /// For the body: all that is read ahead when that is at least `count` bytes, after reading more if it
+    /// was not; else nothing. Good until the next call.
+    QByteArrayView lookAhead(qsizetype count) const;
+    /// Hands out the first `count` of the bytes last seen ahead.
+    void drop(qsizetype count);
 
     bool isSequential() const override { return true; }
     bool atEnd() const override;
