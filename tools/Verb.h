@@ -25,8 +25,10 @@ struct Verb
     Action (*setUp)(CLI::App& options);
 };
 
-extern Verb const checkVerb;
+extern Verb const atlasVerb;
+extern Verb const bakeVerb;
 extern Verb const bundleVerb;
+extern Verb const checkVerb;
 extern Verb const convertVerb;
 extern Verb const formatsVerb;
 extern Verb const headerVerb;

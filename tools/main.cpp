@@ -19,8 +19,8 @@ namespace {
 using namespace tool;
 
 // One row for each verb, in the order of the help.
-constexpr std::array verbs = {&infoVerb, &checkVerb,  &convertVerb, &previewVerb, &headerVerb,
-                              &tagsVerb, &sampleVerb, &formatsVerb, &bundleVerb};
+constexpr std::array verbs = {&infoVerb,   &checkVerb, &convertVerb, &bakeVerb,    &atlasVerb, &previewVerb,
+                              &headerVerb, &tagsVerb,  &sampleVerb,  &formatsVerb, &bundleVerb};
 
 struct CommonOptions
 {

@@ -93,6 +93,7 @@ ExitCode convert(Conversion const& conversion, Console& console)
     OutputFile output(conversion.out);
     ExitCode code = open(output, conversion.out, conversion.mayReplace, console);
     MeshFile file;
+    file.bakesTexture = conversion.bakesTexture;
     if (code == ExitCode::Ok)
         code = read(conversion.in, file, console);
     if (code == ExitCode::Ok)

@@ -14,6 +14,8 @@ struct Conversion
     /// Whether `out` may exist.
     bool mayReplace = false;
     Changes changes = {};
+    /// Whether a texture becomes colours of the vertices, or is left out.
+    bool bakesTexture = true;
 };
 
 /// Reads, writes beside the target, checks, and moves into place. Failures and losses go to the console.

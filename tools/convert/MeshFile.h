@@ -19,6 +19,8 @@ struct MeshFile
     std::optional<MeshHeader> metadata = {};
     /// Whether the alpha of colours is written too.
     bool withAlpha = false;
+    /// Set before reading: whether a texture becomes colours of the vertices, or is left out.
+    bool bakesTexture = true;
 };
 
 /// One kind of file that can be read, as a row of the table in MeshFile.cpp.

@@ -2,8 +2,10 @@
 
 #include "framework/MeshReader.h"
 #include "header/Metadata.h"
+#include "images/LargeImages.h"
 #include "inhouse/data/Unstrip.h"
 #include "inspect/PlyHeaderText.h"
+#include "obj/OBJReader.h"
 #include "ply/PLYReader.h"
 #include "ply/PLYWriter.h"
 #include "stl/STLWriter.h"
@@ -48,6 +50,19 @@ void warnIfCut(QString const& path)
             << u"%1: %2 bytes are missing at its end; what is there was read"_s.arg(path).arg(missing);
 }
 
+bool readWithTexture(SurfaceReader& reader, QString const& path, MeshFile& file)
+{
+    std::atomic<bool> const cancel = false;
+    reader.setFileName(path);
+    reader.setTextureSupport(file.bakesTexture ? SurfaceReader::VertexColorsOptional
+                                               : SurfaceReader::TextureOptional);
+    if (!readNamingImages(path, [&] { return reader.read(cancel); }))
+        return false;
+    file.mesh = reader.getMesh();
+    file.mesh.textureCoordinates.clear();
+    return true;
+}
+
 bool isPlain(QString const& text)
 {
     return std::all_of(text.begin(), text.end(),
@@ -84,16 +99,19 @@ qint64 stlBytes(QString const&, MeshFile const& file)
 
 bool readPly(QString const& path, MeshFile& file)
 {
-    std::atomic<bool> const cancel = false;
     PLYReader reader(PLYReader::MeshMode);
-    reader.setFileName(path);
-    if (!reader.read(cancel))
+    if (!readWithTexture(reader, path, file))
         return false;
-    file.mesh = reader.getMesh();
     file.material = reader.getMaterial();
     readMetadata(path, readPlyMetadata, file);
     warnIfCut(path);
     return true;
+}
+
+bool readObj(QString const& path, MeshFile& file)
+{
+    OBJReader reader;
+    return readWithTexture(reader, path, file);
 }
 
 bool writePly(QString const& path, MeshFile const& file)

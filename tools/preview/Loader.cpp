@@ -1,6 +1,7 @@
 #include "preview/Loader.h"
 
 #include "convert/MeshFile.h"
+#include "images/LargeImages.h"
 #include "inhouse/data/Unstrip.h"
 #include "obj/OBJReader.h"
 #include "ply/PLYReader.h"
@@ -38,7 +39,7 @@ bool loadFrom(SurfaceReader& reader, QString const& path, Model& model)
     reader.setFileName(path);
     reader.setTextureSupport(SurfaceReader::TextureOptional);
     std::atomic<bool> const cancel = false;
-    if (!reader.read(cancel))
+    if (!readNamingImages(path, [&] { return reader.read(cancel); }))
         return false;
     model.surfaces.push_back({geometry::unstrip(reader.getMesh()), reader.getTexture()});
     return true;

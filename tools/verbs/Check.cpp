@@ -1,6 +1,7 @@
 #include "check/Check.h"
 
 #include "Verb.h"
+#include "images/ImageLimit.h"
 #include "verbs/Inputs.h"
 
 #include <CLI/CLI.hpp>
@@ -96,6 +97,7 @@ Verb::Action setUp(CLI::App& app)
                    "Files and folders to check; conditions behind the volume mesh they are for")
         ->required();
     app.add_flag("--json", options->json, "Print JSON, schema surfaceio.check/1");
+    addImageLimitOption(app);
     return [options](Console& console) { return run(*options, console); };
 }
 

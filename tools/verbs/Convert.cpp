@@ -1,5 +1,6 @@
 #include "Verb.h"
 #include "convert/Conversion.h"
+#include "images/ImageLimit.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,6 +15,7 @@ struct Options
     bool force = false;
     bool alpha = false;
     bool imported = false;
+    std::string texture = "bake";
     std::optional<std::string> material;
     std::optional<std::string> scannerName;
     std::optional<std::string> scannerSerial;
@@ -55,7 +57,7 @@ Changes changesOf(Options const& options)
 ExitCode run(Options const& options, Console& console)
 {
     return convert({QString::fromStdString(options.in), QString::fromStdString(options.out), options.force,
-                    changesOf(options)},
+                    changesOf(options), options.texture == "bake"},
                    console);
 }
 
@@ -79,7 +81,12 @@ Verb::Action setUp(CLI::App& app)
     app.add_flag("--alpha", options->alpha, "PLY: write the alpha of colours");
     app.add_option("--material", options->material, "PLY: write a material, metal or distractor")
         ->check(CLI::IsMember(std::vector<std::string>{"metal", "distractor"}).description(""));
+    app.add_option("--texture", options->texture,
+                   "OBJ, PLY: what becomes of a texture; bake makes it colours, none leaves it out")
+        ->check(CLI::IsMember(std::vector<std::string>{"bake", "none"}).description(""))
+        ->capture_default_str();
     addScanOptions(app, *options);
+    addImageLimitOption(app);
     return [options](Console& console) { return run(*options, console); };
 }
 

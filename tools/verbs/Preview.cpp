@@ -1,5 +1,6 @@
 #include "Verb.h"
 #include "convert/MeshFile.h"
+#include "images/ImageLimit.h"
 #include "inspect/Format.h"
 #include "output/OutputFile.h"
 #include "preview/Loader.h"
@@ -129,6 +130,7 @@ Verb::Action setUp(CLI::App& app)
         ->capture_default_str();
     app.add_flag("--sheet", options->sheet, "All views on one picture");
     app.add_flag("--force", options->force, "Replace the picture when it exists");
+    addImageLimitOption(app);
     return [options](Console& console) { return run(*options, console); };
 }
 

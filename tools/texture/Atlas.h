@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Console.h"
+
+#include <QString>
+
+namespace tool {
+
+struct AtlasOptions
+{
+    QString in;
+    /// The PNG file to write, and the PLY file; the latter may be empty.
+    QString image;
+    QString mesh;
+    bool mayReplace = false;
+};
+
+/// Writes the textures of an OBJ or PLY file as one image and, when asked for, the mesh with coordinates in
+/// it. Either both files appear or none.
+ExitCode writeAtlas(AtlasOptions const& options, Console& console);
+
+} // namespace tool

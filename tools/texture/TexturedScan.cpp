@@ -1,0 +1,154 @@
+#include "texture/TexturedScan.h"
+
+#include "LibraryLog.h"
+#include "check/NearestName.h"
+#include "convert/Suffixes.h"
+#include "inspect/Format.h"
+#include "inspect/PlyHeaderText.h"
+#include "obj/ObjReading.h"
+#include "ply/PLYReader.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+QString folderOf(QString const& path)
+{
+    return QFileInfo(path).path();
+}
+
+QString imageProblem(ImageFile const& image, QString const& name, QString const& scanPath)
+{
+    if (!image.isFound)
+        return u"the image \"%1\" does not exist"_s.arg(name) +
+               nearestNameQuestion(obj::pathBeside(scanPath, name), folderOf(scanPath));
+    if (!image.isImage())
+        return u"\"%1\" is no image that can be read"_s.arg(name);
+    return image.isOverLimit() ? image.limitProblem(name) : QString();
+}
+
+QString imageLineProblem(obj::ImageLine const& image, QString const& scanPath)
+{
+    if (!image.image.isFound && !image.options.isEmpty())
+        return u"the image \"%1\" does not exist; the options in front of \"%2\" are taken as part of the name"_s
+            .arg(image.given, image.name);
+    return imageProblem(image.image, image.given, scanPath);
+}
+
+// Why the library did not read a material library to its end.
+QString stopProblem(obj::MtlLibrary const& library, QString const& scanPath)
+{
+    QString problem = u"an image stands before the first \"newmtl\""_s;
+    for (obj::MtlMaterial const& material : library.materials) {
+        for (obj::ImageLine const& image : material.images) {
+            if (QString const found = imageLineProblem(image, scanPath);
+                image.line == library.stopsAt && !found.isEmpty())
+                problem = found;
+        }
+    }
+    return u"%1, line %2: %3"_s.arg(library.name, QString::number(library.stopsAt), problem);
+}
+
+QString libraryProblem(obj::MtlLibrary const& library, QString const& scanPath)
+{
+    if (!library.isFound)
+        return u"the material library \"%1\" does not exist"_s.arg(library.name) +
+               nearestNameQuestion(obj::pathBeside(scanPath, library.name), folderOf(scanPath));
+    return library.stopsAt > 0 ? stopProblem(library, scanPath) : QString();
+}
+
+bool hasUsedImage(obj::MaterialTree const& tree)
+{
+    bool isUsed = false;
+    obj::forEachImage(tree, [&](obj::MtlMaterial const& material, obj::ImageLine const&) {
+        isUsed = isUsed || material.faces > 0;
+    });
+    return isUsed;
+}
+
+QString objObstacle(QString const& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return file.errorString();
+    obj::ObjText const text = obj::readObjText(file);
+    obj::MaterialTree const tree = obj::materialTreeOf(path, text);
+    for (obj::MtlLibrary const& library : tree.libraries) {
+        if (QString problem = libraryProblem(library, path); !problem.isEmpty())
+            return problem;
+    }
+    if (tree.libraries.empty())
+        return u"has no texture: it names no material library"_s;
+    if (!hasUsedImage(tree))
+        return u"has no texture: no material of its faces names an image"_s;
+    return text.textureCoordinates == 0 ? u"has no texture coordinates"_s
+                                        : u"its texture could not be read"_s;
+}
+
+bool declares(ply::HeaderText const& header, QLatin1StringView use)
+{
+    ply::Element const* const vertex = header.element("vertex"_L1);
+    return vertex != nullptr &&
+           std::any_of(vertex->properties.begin(), vertex->properties.end(),
+                       [&](ply::Property const& property) { return useOf(*vertex, property) == use; });
+}
+
+QString plyObstacle(QString const& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return file.errorString();
+    ply::HeaderText const header = ply::readHeaderText(file);
+    if (header.textureName.isEmpty())
+        return u"has no texture: its header names none"_s;
+    ImageFile const image = imageFileAt(obj::pathBeside(path, header.textureName));
+    if (QString problem = imageProblem(image, header.textureName, path); !problem.isEmpty())
+        return problem;
+    if (!declares(header, "texture coordinate"_L1))
+        return u"has no texture coordinates"_s;
+    if (declares(header, "colour"_L1))
+        return u"has colours of its own; these go before its texture"_s;
+    return u"its texture could not be read"_s;
+}
+
+bool read(QString const& path, bool isObj, TexturedScan& scan)
+{
+    std::unique_ptr<SurfaceReader> reader;
+    if (isObj)
+        reader = std::make_unique<OBJReader>();
+    else
+        reader = std::make_unique<PLYReader>(PLYReader::MeshMode);
+    reader->setFileName(path);
+    reader->setTextureSupport(SurfaceReader::TextureRequired);
+    std::atomic<bool> const cancel = false;
+    LogCapture const capture;
+    bool const isRead = reader->read(cancel);
+    scan = {reader->getMesh(), reader->getTexture(), capture.messages()};
+    return isRead && !scan.texture.isNull();
+}
+
+} // namespace
+
+Problem readTexturedScan(QString const& path, TexturedScan& scan)
+{
+    bool const isObj = hasSuffix(path, "obj"_L1);
+    if (!isObj && !hasSuffix(path, "ply"_L1))
+        return {ExitCode::Usage, u"expected one of the suffixes .obj, .ply"_s};
+    if (QString const problem = whyNotRegular(path); !problem.isEmpty())
+        return {ExitCode::ReadOrWriteFailed, problem};
+    if (read(path, isObj, scan))
+        return {};
+    Inspection const inspection = inspectFile(path);
+    if (inspection.code != ExitCode::Ok)
+        return {inspection.code, inspection.problem};
+    return {ExitCode::Unsupported, isObj ? objObstacle(path) : plyObstacle(path)};
+}
+
+} // namespace tool
