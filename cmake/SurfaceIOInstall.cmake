@@ -1,7 +1,23 @@
-# What is installed: the two libraries, their headers, the program, the package files.
+# What is installed, by component: runtime (the two libraries), development (headers and package files), tools.
 include(CMakePackageConfigHelpers)
 
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/SurfaceIO")
+
+# A prefix can be moved: what is in it finds its libraries from where it lies itself. Distributions, whose
+# libraries lie where the loader looks anyway, switch run paths off with CMAKE_SKIP_INSTALL_RPATH; a
+# CMAKE_INSTALL_RPATH of your own wins.
+if(NOT DEFINED CMAKE_INSTALL_RPATH)
+  set(origin "$<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>")
+  file(RELATIVE_PATH bin_to_lib "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
+  foreach(library SurfaceIO surfaceio_inhouse)
+    if(TARGET ${library})
+      set_target_properties(${library} PROPERTIES INSTALL_RPATH "${origin}")
+    endif()
+  endforeach()
+  if(TARGET surfaceio_tool)
+    set_target_properties(surfaceio_tool PROPERTIES INSTALL_RPATH "${origin}/${bin_to_lib}")
+  endif()
+endif()
 
 install(TARGETS SurfaceIO EXPORT SurfaceIOTargets
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
@@ -30,9 +46,26 @@ install(FILES
   "${PROJECT_BINARY_DIR}/SurfaceIOConfig.cmake" "${PROJECT_BINARY_DIR}/SurfaceIOConfigVersion.cmake"
   DESTINATION "${package_dir}" COMPONENT development)
 
-# Relocatable: the prefix is found from where the .pc file lies.
+# Relocatable: the prefix is found from where the .pc file lies. A replaced in-house library has its own
+# .pc file, or none.
+set(SURFACEIO_PC_REQUIRES "${SURFACEIO_INHOUSE_PKGCONFIG}")
+set(SURFACEIO_PC_INHOUSE "")
+if(TARGET surfaceio_inhouse)
+  set(SURFACEIO_PC_INHOUSE "-lsurfaceio-inhouse")
+endif()
 file(RELATIVE_PATH SURFACEIO_PC_PREFIX
   "${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 configure_file("${CMAKE_CURRENT_LIST_DIR}/surfaceio.pc.in" "${PROJECT_BINARY_DIR}/surfaceio.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/surfaceio.pc"
   DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
+
+# The interface, for the API reference.
+set(public_headers "")
+foreach(library SurfaceIO surfaceio_inhouse)
+  if(TARGET ${library})
+    get_target_property(headers ${library} HEADER_SET)
+    list(APPEND public_headers ${headers})
+  endif()
+endforeach()
+list(JOIN public_headers "\n" public_headers)
+file(WRITE "${PROJECT_BINARY_DIR}/public-headers.txt" "${public_headers}\n")

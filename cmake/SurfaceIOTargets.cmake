@@ -54,3 +54,12 @@ function(surfaceio_add_level name)
   surfaceio_compile_rules(surfaceio_${name})
   set_property(GLOBAL APPEND PROPERTY SURFACEIO_LEVELS surfaceio_${name})
 endfunction()
+
+# surfaceio_export_rules(<library>): a shared library offers its public classes and nothing else.
+function(surfaceio_export_rules library)
+  if(UNIX AND NOT APPLE AND NOT SURFACEIO_SANITIZE)
+    set(map "${PROJECT_SOURCE_DIR}/cmake/exports.map")
+    target_link_options(${library} PRIVATE "LINKER:--version-script=${map}")
+    set_property(TARGET ${library} APPEND PROPERTY LINK_DEPENDS "${map}")
+  endif()
+endfunction()

@@ -40,6 +40,7 @@ class QTextStream;
 class SURFACEIO_EXPORT OBJReader : public SurfaceReader
 {
 public:
+    /// Why a read failed. `conversions::toString` has a text for each.
     enum Error : int
     {
         NoError = 0,
@@ -73,8 +74,11 @@ public:
     /// One corner of a face: 0-based indices, -1 for none.
     struct VertexIndices
     {
+        /// Position.
         int vertex = -1;
+        /// Normal.
         int normal = -1;
+        /// Texture coordinate.
         int uv = -1;
         /// Ordinal of the face's material among the used ones, in name order.
         int material = -1;
@@ -90,6 +94,7 @@ public:
                 return a.uv < b.uv;
             return a.material < b.material;
         }
+        /// Equal in all four.
         friend bool operator==(VertexIndices const& a, VertexIndices const& b)
         {
             return a.vertex == b.vertex && a.normal == b.normal && a.uv == b.uv && a.material == b.material;
@@ -115,6 +120,7 @@ public:
         QRect rect;
         /// Material name to the region of its texture; y is counted from the bottom edge of the atlas.
         std::map<QString, QRect> placements;
+        /// The textures, each at its place.
         QImage image;
     };
 

@@ -58,6 +58,7 @@ public:
         PointCloudMode = 1
     };
 
+    /// Makes a mesh or a point cloud, as `readMode` says. There is nothing to read yet.
     explicit PLYReader(ReadMode readMode);
     ~PLYReader() override;
 

@@ -9,6 +9,7 @@
 class SURFACEIO_EXPORT STLTagHandler
 {
 public:
+    /// Keeps the tags; what they mean is up to the derived class.
     explicit STLTagHandler(QList<int> const& tags);
     STLTagHandler(STLTagHandler const&) = default;
     STLTagHandler& operator=(STLTagHandler const&) = default;
@@ -21,6 +22,7 @@ public:
     virtual bool hasTags() const;
 
 protected:
+    /// Whether `tag` is one of those given.
     bool isInTags(int tag) const;
 
 private:
@@ -31,6 +33,7 @@ private:
 class SURFACEIO_EXPORT InclusiveTagHandler : public STLTagHandler
 {
 public:
+    /// Allows `tags`, in any order, repeated or not.
     explicit InclusiveTagHandler(QList<int> const& tags);
     InclusiveTagHandler(InclusiveTagHandler const&) = default;
     InclusiveTagHandler(InclusiveTagHandler&&) = default;
@@ -38,6 +41,7 @@ public:
     InclusiveTagHandler& operator=(InclusiveTagHandler&&) = default;
     ~InclusiveTagHandler() override;
 
+    /// Whether `tag` is listed.
     bool isAllowed(int tag) const override;
 };
 
@@ -45,6 +49,7 @@ public:
 class SURFACEIO_EXPORT ExclusiveTagHandler : public STLTagHandler
 {
 public:
+    /// Refuses `tags`, in any order, repeated or not.
     explicit ExclusiveTagHandler(QList<int> const& tags);
     ExclusiveTagHandler(ExclusiveTagHandler const&) = default;
     ExclusiveTagHandler(ExclusiveTagHandler&&) = default;
@@ -52,6 +57,7 @@ public:
     ExclusiveTagHandler& operator=(ExclusiveTagHandler&&) = default;
     ~ExclusiveTagHandler() override;
 
+    /// Whether `tag` is not listed.
     bool isAllowed(int tag) const override;
 };
 
@@ -59,10 +65,13 @@ public:
 class SURFACEIO_EXPORT UseAllTagsHandler : public STLTagHandler
 {
 public:
+    /// Needs no list.
     UseAllTagsHandler();
     UseAllTagsHandler(UseAllTagsHandler const&) = default;
     ~UseAllTagsHandler() override;
 
+    /// True.
     bool isAllowed(int tag) const override;
+    /// True, without a list.
     bool hasTags() const override;
 };

@@ -33,6 +33,7 @@ public:
                  unsigned char secondAttributeByte);
     /// The metadata for the first 80 bytes (see `conversions::toByteArray`); empty makes them zeros.
     void setHeaderData(utility::Optional<MeshHeader> header);
+    /// The path that the next `write()` writes to.
     void setFilePath(QString const& path);
 
     /// Writes the file at the path set. Missing directories are made, with all parents; a file that is there

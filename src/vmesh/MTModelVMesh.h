@@ -10,9 +10,13 @@
 /// and must be replaced, not written to, where a copy may still look at them.
 struct MTModelVMesh
 {
+    /// Number of tetrahedra.
     qint32 numTetrahedra = 0;
+    /// Number of triangles, inner and outer.
     qint32 numFaces = 0;
+    /// Number of triangles of the outer surface.
     qint32 numBoundFaces = 0;
+    /// Number of points.
     qint32 numPoints = 0;
     /// 3 * numPoints: x, y, z of each point.
     QSharedPointer<float> points;

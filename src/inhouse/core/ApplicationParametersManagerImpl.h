@@ -15,10 +15,12 @@ public:
     ApplicationParametersManagerImpl(ApplicationParametersManagerImpl const&) = delete;
     ApplicationParametersManagerImpl& operator=(ApplicationParametersManagerImpl const&) = delete;
 
+    /// The one store, made at the first call; it lives as long as the process.
     static ApplicationParametersManagerImpl& instance();
 
     /// An invalid value for a key that was never set.
     QVariant getApplicationParameter(QString const& key) const;
+    /// Replaces the value of `key`. An invalid value is kept like any other.
     void setApplicationParameter(QString const& key, QVariant const& value);
 
 private:

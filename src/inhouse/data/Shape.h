@@ -16,9 +16,13 @@ public:
     /// An empty mesh with the default material.
     Shape() = default;
 
+    /// Keeps its own copy. In millimetres.
     void setMesh(Mesh const& newMesh) { mesh = newMesh; }
+    /// The surface, in millimetres. Valid until the next `setMesh` or `loadBinary`.
     Mesh const& getMesh() const { return mesh; }
+    /// Replaces the material.
     void setMaterial(Material const& newMaterial) { material = newMaterial; }
+    /// The material; a default one until it was set.
     Material const& getMaterial() const { return material; }
 
     /// Reads a shape record of the file version `version` (see `ShapeNodeIO`) from the stream's position.

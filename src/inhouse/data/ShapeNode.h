@@ -25,10 +25,13 @@ public:
     ShapeNode& operator=(ShapeNode const&) = delete;
     ~ShapeNode();
 
+    /// The name given; need not be unique.
     QString const& getName() const { return name; }
     /// Null when the node has none.
     Shape* getShape() { return shape.get(); }
+    /// The same, of a node that does not change.
     Shape const* getShape() const { return shape.get(); }
+    /// The children in the order of adding, which the node keeps.
     std::vector<std::unique_ptr<ShapeNode>> const& getChildren() const { return children; }
 
     /// Appends `child`, a tree of its own until now, and takes ownership of it. Null is ignored.

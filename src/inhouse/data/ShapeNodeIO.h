@@ -19,6 +19,7 @@ class SURFACEIO_INHOUSE_EXPORT ShapeNodeIO
 public:
     ShapeNodeIO() = delete;
 
+    /// The version that is written, as major and minor number.
     static constexpr std::pair<unsigned, unsigned> LATEST_BINARY_VERSION{2, 0};
 
     /// Reads one tree of the file version `version`. With `ignoreMaterials` every shape keeps the default

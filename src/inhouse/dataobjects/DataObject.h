@@ -17,6 +17,7 @@ public:
     void startEditing();
     /// Closes the edit opened last; the outermost one makes a new revision. Ignored when none is open.
     void stopEditing();
+    /// Whether an edit is open.
     bool isEditing() const { return openEdits > 0; }
     /// How many edits have been completed.
     int getRevision() const { return revision; }

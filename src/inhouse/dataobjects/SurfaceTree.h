@@ -20,10 +20,12 @@ public:
     void setRoot(std::unique_ptr<geometry::ShapeNode> newRoot);
     /// Null until a root was set. The tree keeps it.
     geometry::ShapeNode* getRoot() { return root.get(); }
+    /// The same, of a tree that does not change.
     geometry::ShapeNode const* getRoot() const { return root.get(); }
 
     /// From object space to the space of the plan. Nothing moves before `applyTransform`.
     void setObjectTransform(QMatrix4x4 const& transform) { objectTransform = transform; }
+    /// The transform set last; the identity until then.
     QMatrix4x4 const& getObjectTransform() const { return objectTransform; }
     /// Moves the tree to its object transform. The meshes stay as they are, in object space.
     virtual void applyTransform();
