@@ -54,14 +54,14 @@ bool OBJLineReader::readLine()
     return !raw.isEmpty();
 }
 
-OBJLineReader::Tokens const& OBJLineReader::splitLine()
+OBJLineReader::Tokens const& OBJLineReader::splitLine(std::size_t mostTokens)
 {
     tokens.clear();
-    if (!line.startsWith('#') && !splitAscii()) {
+    if (!line.startsWith('#') && !splitAscii(mostTokens)) {
         // With its white space: it may part a byte order mark or a cut character from what is around them.
         decodedLine = decode(raw);
         tokens.clear();
-        split(QStringView(decodedLine).trimmed());
+        split(QStringView(decodedLine).trimmed(), mostTokens);
     }
     return tokens;
 }
@@ -105,7 +105,7 @@ bool OBJLineReader::readAhead()
 }
 
 // False when there are bytes that are not ASCII.
-bool OBJLineReader::splitAscii()
+bool OBJLineReader::splitAscii(std::size_t mostTokens)
 {
     unsigned char found = 0;
     char const* next = line.begin();
@@ -113,7 +113,7 @@ bool OBJLineReader::splitAscii()
         char const* const first = next;
         for (; next != line.end() && *next != ' '; ++next)
             found |= static_cast<unsigned char>(*next);
-        if (next != first)
+        if (next != first && tokens.size() < mostTokens)
             tokens.emplace_back(QLatin1StringView(first, next - first));
         if (next != line.end())
             ++next;
@@ -122,10 +122,13 @@ bool OBJLineReader::splitAscii()
     return (found & highBit) == 0;
 }
 
-void OBJLineReader::split(QStringView text)
+void OBJLineReader::split(QStringView text, std::size_t mostTokens)
 {
     if (text.startsWith(u'#'))
         return;
-    for (QStringView const token : text.tokenize(u' ', Qt::SkipEmptyParts))
+    for (QStringView const token : text.tokenize(u' ', Qt::SkipEmptyParts)) {
+        if (tokens.size() == mostTokens)
+            return;
         tokens.emplace_back(token);
+    }
 }

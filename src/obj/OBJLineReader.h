@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <limits>
 #include <vector>
 
 class QIODevice;
@@ -33,15 +34,15 @@ public:
     /// The bytes of the line without ASCII white space around them. Like the tokens valid until the next line
     /// is read.
     QByteArrayView getBytes() const { return line; }
-    /// What stands between the spaces of the line (U+0020 only), empty parts left out. No tokens for an empty
-    /// line or a comment.
-    Tokens const& splitLine();
+    /// What stands between the spaces of the line (U+0020 only), empty parts left out; of many, the first
+    /// `mostTokens`. No tokens for an empty line or a comment.
+    Tokens const& splitLine(std::size_t mostTokens = std::numeric_limits<std::size_t>::max());
 
 private:
     QByteArrayView nextRawLine();
     bool readAhead();
-    bool splitAscii();
-    void split(QStringView text);
+    bool splitAscii(std::size_t mostTokens);
+    void split(QStringView text, std::size_t mostTokens);
 
     QTextStream& stream;
     QIODevice& device;

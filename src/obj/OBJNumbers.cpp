@@ -4,7 +4,7 @@
 
 #include <QDebug>
 
-float toFloatIfConditionValid(QAnyStringView text, OBJReader::Error current)
+float toFloatIfConditionValid(QAnyStringView text, OBJReader::Error current, bool* hasWarned)
 {
     if (current != OBJReader::NoError)
         return 0.0f;
@@ -14,6 +14,8 @@ float toFloatIfConditionValid(QAnyStringView text, OBJReader::Error current)
         return value;
     qWarning() << "`anonymous-namespace'::toFloatIfConditionValid"
                << "Invalid string to float conversion: " << text.toString();
+    if (hasWarned)
+        *hasWarned = true;
     // Not `value`, which is infinite for a number that is too great.
     return 0.0f;
 }

@@ -51,7 +51,8 @@ bool OBJReader::read(std::atomic<bool> const&)
     }
     std::atomic<bool> const neverCancelled = false;
     QFile file(fileName);
-    error = read(&file, neverCancelled);
+    // A system takes a NUL for the end of the name, and would open another file.
+    error = fileName.contains(QChar(u'\0')) ? CannotOpenFile : read(&file, neverCancelled);
     return error == NoError;
 }
 

@@ -149,6 +149,7 @@ public:
 private:
     using Tokens = std::vector<QAnyStringView>;
     struct WorkingLists;
+    struct LibraryReading;
 
     // The text (OBJReaderText.cpp).
     Error readText(QTextStream& stream, std::atomic<bool> const& cancel);
@@ -181,10 +182,10 @@ private:
 
     // Materials and textures (OBJReaderMaterials.cpp).
     std::vector<QString> reconstructMTLFileNames(QList<QString> const& tokens) const;
-    Error handleMTL(QString const& mtlFileName);
-    Error readMTLLine(Tokens const& tokens, QString& currentMaterial);
-    Error readTextureStatement(Tokens const& tokens, QString const& currentMaterial);
-    QColor readDiffuseColor(Tokens const& tokens) const;
+    Error handleMTL(QString const& mtlFileName, bool* hasWarned = nullptr);
+    Error readMTLLine(Tokens const& tokens, LibraryReading& library);
+    Error readTextureStatement(Tokens const& tokens, LibraryReading& library);
+    QColor readDiffuseColor(Tokens const& tokens, bool& hasWarned) const;
     Error loadTexture(QString const& textureFileName, QImage& image) const;
     void fixMaterials(WorkingLists& lists);
     void fixNonExistingButUsedMaterials(MaterialUsage& usage) const;

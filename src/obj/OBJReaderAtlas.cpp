@@ -126,8 +126,9 @@ OBJReader::Error OBJReader::generateAtlasImage(Atlas& atlas) const
     QPainter painter(&atlas.image);
     for (auto const& [name, material] : materials) {
         QRect const region = atlas.placements[name];
-        painter.drawImage(QPoint(region.x(), height - region.y() - material.texture.height()),
-                          material.texture);
+        QImage const& tile = material.texture;
+        // With its size, as an image of a high resolution ("skin@2x.png") would otherwise be drawn smaller.
+        painter.drawImage(QRect(QPoint(region.x(), height - region.y() - tile.height()), tile.size()), tile);
     }
     painter.end();
     return NoError;

@@ -80,6 +80,9 @@ struct OBJReader::WorkingLists
     // The list of `currentMaterial` in `usage`; null until its first face.
     QList<unsigned int>* currentFaces = nullptr;
     unsigned int faceCount = 0;
+    // The library that the material table is of, when to read it once more would change nothing and log
+    // nothing.
+    QString currentLibrary;
 
     /// Brings all three index lists to the same length, with -1 for what is absent.
     void completeIndices()

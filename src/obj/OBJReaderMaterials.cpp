@@ -2,6 +2,7 @@
 #include "obj/OBJNumbers.h"
 #include "obj/OBJReader.h"
 #include "obj/OBJReaderLists.h"
+#include "obj/OBJTextureCache.h"
 
 #include <QDebug>
 #include <QDir>
@@ -30,10 +31,26 @@ QString pathBeside(QString const& objFileName, QString const& name)
     return QFileInfo(objFileName).dir().absoluteFilePath(name);
 }
 
+// Of a name in the OBJ or MTL file that is longer, or has a part that is longer, no file system has a file.
+constexpr qsizetype longestPath = 4096;
+constexpr qsizetype longestPart = 255;
+
+bool mayBePath(QString const& name)
+{
+    qsizetype const lastPart = 1 + std::max(name.lastIndexOf(u'/'), name.lastIndexOf(u'\\'));
+    return name.size() <= longestPath && name.size() - lastPart <= longestPart;
+}
+
 // Qt has something to say of a path with a NUL inside; no file has one.
 bool exists(QString const& path)
 {
     return !path.contains(QChar(u'\0')) && QFile::exists(path);
+}
+
+// Of all the spellings of a path the same; empty where there is no file.
+QString canonicalPath(QString const& path)
+{
+    return exists(path) ? QFileInfo(path).canonicalFilePath() : QString();
 }
 
 // A number that no int holds becomes one that no colour holds, as a conversion of it would be undefined.
@@ -53,12 +70,22 @@ QImage makeFlatTexture(QColor const& color)
 
 } // namespace
 
+/// What is known while a material library is read.
+struct OBJReader::LibraryReading
+{
+    QString currentMaterial;
+    OBJTextureCache textures;
+    bool hasWarned = false;
+};
+
 std::vector<QString> OBJReader::reconstructMTLFileNames(QList<QString> const& tokens) const
 {
     std::vector<QString> names;
     QString candidate;
     for (qsizetype i = 1; i < tokens.size(); ++i) {
         candidate += tokens[i];
+        if (!mayBePath(candidate))
+            break;
         if (exists(pathBeside(fileName, candidate))) {
             names.push_back(candidate);
             candidate.clear();
@@ -69,7 +96,7 @@ std::vector<QString> OBJReader::reconstructMTLFileNames(QList<QString> const& to
     return names;
 }
 
-OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName)
+OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName, bool* hasWarned)
 {
     QString const given = pathBeside(fileName, mtlFileName);
     QString const path = QDir::cleanPath(given);
@@ -79,7 +106,7 @@ OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName)
                        << "mtl file" << path << "not found";
         return NoMaterialFileName;
     }
-    QFile file(path);
+    QFile file(given);
     if (!file.open(QIODevice::ReadOnly)) {
         qWarning() << "OBJReader::handleMTL"
                    << "Cannot open mtl file for read only: " << path;
@@ -88,51 +115,58 @@ OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName)
     materials.clear();
     QTextStream stream(&file);
     OBJLineReader reader(stream);
-    QString currentMaterial;
+    LibraryReading library;
     while (!reader.atEnd()) {
         if (!reader.readLine())
             return InvalidMaterialFile;
         OBJLineReader::Tokens const& tokens = reader.splitLine();
         if (tokens.empty())
             continue;
-        if (Error const result = readMTLLine(tokens, currentMaterial); result != NoError)
+        if (Error const result = readMTLLine(tokens, library); result != NoError)
             return result;
     }
+    if (hasWarned)
+        *hasWarned = library.hasWarned;
     return NoError;
 }
 
-OBJReader::Error OBJReader::readMTLLine(Tokens const& tokens, QString& currentMaterial)
+OBJReader::Error OBJReader::readMTLLine(Tokens const& tokens, LibraryReading& library)
 {
     QString const keyword = tokens.front().toString();
     if (keyword.contains("newmtl"_L1)) {
-        currentMaterial = parseMaterialName(tokens);
-        materials.try_emplace(currentMaterial);
+        library.currentMaterial = parseMaterialName(tokens);
+        materials.try_emplace(library.currentMaterial);
     } else if (keyword.contains("map"_L1)) {
-        return readTextureStatement(tokens, currentMaterial);
+        return readTextureStatement(tokens, library);
     } else if (keyword == "Kd"_L1) {
-        materials[currentMaterial].diffuseColor = readDiffuseColor(tokens);
+        materials[library.currentMaterial].diffuseColor = readDiffuseColor(tokens, library.hasWarned);
     }
     return NoError;
 }
 
-OBJReader::Error OBJReader::readTextureStatement(Tokens const& tokens, QString const& currentMaterial)
+OBJReader::Error OBJReader::readTextureStatement(Tokens const& tokens, LibraryReading& library)
 {
     // Of everything after the keyword, options like "-s 1 1 1" included, the file name is made.
-    QImage image;
-    if (Error const result = loadTexture(parseMaterialName(tokens), image); result != NoError)
-        return result;
-    if (currentMaterial.isEmpty())
+    QString const name = parseMaterialName(tokens);
+    QString const path = canonicalPath(pathBeside(fileName, name));
+    QImage image = library.textures.find(path);
+    if (image.isNull()) {
+        if (Error const result = loadTexture(name, image); result != NoError)
+            return result;
+        library.textures.insert(path, image);
+    }
+    if (library.currentMaterial.isEmpty())
         return InvalidMaterialFile;
-    materials[currentMaterial].texture = image;
+    materials[library.currentMaterial].texture = image;
     return NoError;
 }
 
-QColor OBJReader::readDiffuseColor(Tokens const& tokens) const
+QColor OBJReader::readDiffuseColor(Tokens const& tokens, bool& hasWarned) const
 {
     std::array<int, 3> rgb{};
     for (std::size_t i = 0; i < rgb.size(); ++i)
         if (i + 1 < tokens.size())
-            rgb[i] = toColorComponent(toFloatIfConditionValid(tokens[i + 1], error));
+            rgb[i] = toColorComponent(toFloatIfConditionValid(tokens[i + 1], error, &hasWarned));
     return QColor(rgb[0], rgb[1], rgb[2], 255);
 }
 
@@ -145,7 +179,7 @@ OBJReader::Error OBJReader::loadTexture(QString const& textureFileName, QImage& 
                    << "Texture file" << path << "not found";
         return CannotFindTextureFile;
     }
-    QImageReader reader(path, {});
+    QImageReader reader(given, {});
     QImage const loaded = reader.read();
     if (!loaded.isNull()) {
         image = loaded;
@@ -157,7 +191,7 @@ OBJReader::Error OBJReader::loadTexture(QString const& textureFileName, QImage& 
     }
     // A second chance whose outcome does not count.
     QImage scratch;
-    scratch.load(path, "JPG");
+    scratch.load(given, "JPG");
     qWarning() << "OBJReader::loadTexture"
                << "Could not read texture file at " << path;
     return CannotOpenTextureFile;
@@ -227,9 +261,12 @@ OBJReader::Error OBJReader::buildMesh(WorkingLists& lists, std::atomic<bool> con
         qWarning() << "OBJReader: Unable to load mesh with this TextureSupport flag:" << int(textureSupport);
         return UnableToLoadMeshWithCurrentTextureSupportFlag;
     }
+    geometry::Mesh const before = mesh;
     mesh = result;
-    if (lists.normals.isEmpty() && !computeNormals(cancel) && cancel)
+    if (lists.normals.isEmpty() && !computeNormals(cancel) && cancel) {
+        mesh = before;
         return Cancelled;
+    }
     return error;
 }
 

@@ -32,6 +32,19 @@ bool isKeyword(QAnyStringView token, QLatin1StringView keyword)
     return token.visit([keyword](auto view) { return isEqual(view, keyword); });
 }
 
+// A line may have millions of tokens. All of them make the name of a material; of a library's name the path
+// cannot be longer than some thousand; of the others there are never more looked at than tell a quad from
+// what is none.
+std::size_t tokensThatCount(QByteArrayView line)
+{
+    constexpr std::size_t library = 1 + 4096 + 2;
+    char const first = line.isEmpty() ? ' ' : line.front();
+    bool const isAscii = static_cast<unsigned char>(first) < 0x80;
+    if (first == 'u' || !isAscii)
+        return std::numeric_limits<std::size_t>::max();
+    return first == 'm' ? library : quadTokens + 1;
+}
+
 // The indices of a file count from 1.
 int toZeroBased(int index)
 {
@@ -75,7 +88,7 @@ OBJReader::Error OBJReader::readLines(QTextStream& stream, WorkingLists& lists,
         if (!reader.readLine())
             return NoData;
         if (!readPlainLine(reader.getBytes(), lists))
-            readLine(reader.splitLine(), lists);
+            readLine(reader.splitLine(tokensThatCount(reader.getBytes())), lists);
     }
     if (error != NoError)
         return error;
@@ -176,7 +189,7 @@ void OBJReader::readMaterialUse(Tokens const& tokens, WorkingLists& lists)
     lists.currentFaces = nullptr;
 }
 
-void OBJReader::readMaterialLibrary(Tokens const& tokens, WorkingLists&)
+void OBJReader::readMaterialLibrary(Tokens const& tokens, WorkingLists& lists)
 {
     QList<QString> texts;
     for (QAnyStringView const token : tokens)
@@ -184,8 +197,11 @@ void OBJReader::readMaterialLibrary(Tokens const& tokens, WorkingLists&)
     std::vector<QString> const names = reconstructMTLFileNames(texts);
     if (names.size() > 1) {
         error = MultipleMaterialFilesUnsupported;
-    } else if (names.size() == 1) {
-        Error const result = handleMTL(names.front());
+    } else if (names.size() == 1 && names.front() != lists.currentLibrary) {
+        // Some programs name their library before each object.
+        bool hasWarned = false;
+        Error const result = handleMTL(names.front(), &hasWarned);
+        lists.currentLibrary = result == NoError && !hasWarned ? names.front() : QString();
         if (textureSupport == TextureRequired)
             error = result;
     }
@@ -211,18 +227,22 @@ void OBJReader::convertFaceLine(Tokens const& tokens, VertexIndices& a, VertexIn
 
 void OBJReader::parseFaceElementIndexGroup(QAnyStringView text, VertexIndices& out)
 {
-    QStringList const parts = text.toString().split(u'/');
-    auto const indexOf = [&parts](qsizetype part) {
-        return part < parts.size() ? toZeroBased(numbers::toInt(parts[part])) : noIndex;
-    };
-    out.vertex = indexOf(0);
-    out.uv = indexOf(1);
-    out.normal = indexOf(2);
+    QString const group = text.toString();
+    QStringView rest = group;
+    std::array<QStringView, 3> parts;
+    for (QStringView& part : parts) {
+        qsizetype const slash = rest.indexOf(u'/');
+        part = rest.left(slash < 0 ? rest.size() : slash);
+        rest = slash < 0 ? QStringView() : rest.sliced(slash + 1);
+    }
+    out.vertex = toZeroBased(numbers::toInt(parts[0]));
+    out.uv = toZeroBased(numbers::toInt(parts[1]));
+    out.normal = toZeroBased(numbers::toInt(parts[2]));
     if (out.vertex != noIndex)
         return;
     out.normal = out.uv = noIndex;
     error = InvalidVertexId;
-    qWarning() << "OBJReader::invalid vertex id: '" << parts[0] << "'";
+    qWarning() << "OBJReader::invalid vertex id: '" << parts[0].toString() << "'";
 }
 
 QString OBJReader::parseMaterialName(Tokens const& tokens)

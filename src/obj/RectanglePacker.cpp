@@ -1,5 +1,7 @@
 #include "obj/RectanglePacker.h"
 
+#include "obj/FreeSpaces.h"
+
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -68,64 +70,6 @@ void sortDescending(Ordering& ordering, Key key)
     });
 }
 
-struct Space
-{
-    int x;
-    int y;
-    int w;
-    int h;
-};
-
-struct Position
-{
-    int x;
-    int y;
-};
-
-/// The free spaces of a bin.
-class FreeSpaces
-{
-public:
-    void reset(QSize bin) { spaces.assign(1, {0, 0, bin.width(), bin.height()}); }
-
-    std::optional<Position> insert(Item const& item)
-    {
-        for (std::size_t i = spaces.size(); i-- > 0;) {
-            Space const space = spaces[i];
-            if (space.w < item.w || space.h < item.h)
-                continue;
-            spaces[i] = spaces.back();
-            spaces.pop_back();
-            appendRest(space, item.w, item.h);
-            return Position{space.x, space.y};
-        }
-        return std::nullopt;
-    }
-
-private:
-    // What is left of `space` when w x h are taken from its corner: the greater part stays whole.
-    void appendRest(Space const& space, int w, int h)
-    {
-        int const freeW = space.w - w;
-        int const freeH = space.h - h;
-        if (freeW > freeH) {
-            append({space.x + w, space.y, freeW, space.h});
-            append({space.x, space.y + h, w, freeH});
-        } else {
-            append({space.x, space.y + h, space.w, freeH});
-            append({space.x + w, space.y, freeW, h});
-        }
-    }
-
-    void append(Space const& space)
-    {
-        if (space.w > 0 && space.h > 0)
-            spaces.push_back(space);
-    }
-
-    std::vector<Space> spaces;
-};
-
 struct Workspace
 {
     std::array<Ordering, orderingCount> orderings;
@@ -172,7 +116,7 @@ bool fits(Ordering const& ordering, QSize bin, FreeSpaces& spaces, qint64& inser
     spaces.reset(bin);
     insertedArea = 0;
     for (Item const& item : ordering) {
-        if (!spaces.insert(item))
+        if (!spaces.insert(item.w, item.h))
             return false;
         insertedArea += area(item.w, item.h);
     }
@@ -267,14 +211,14 @@ RectanglePacker::Result RectanglePacker::pack(std::vector<Rectangle>& rectangles
     Result result{true, {0, 0}};
     work.spaces.reset(best.bin);
     for (Item const& item : *best.ordering) {
-        std::optional<Position> const place = work.spaces.insert(item);
+        std::optional<QPoint> const place = work.spaces.insert(item.w, item.h);
         if (!place) {
             result.isComplete = false;
             break;
         }
-        rectangles[item.index].x = place->x;
-        rectangles[item.index].y = place->y;
-        result.size = result.size.expandedTo({place->x + item.w, place->y + item.h});
+        rectangles[item.index].x = place->x();
+        rectangles[item.index].y = place->y();
+        result.size = result.size.expandedTo({place->x() + item.w, place->y() + item.h});
     }
     return result;
 }

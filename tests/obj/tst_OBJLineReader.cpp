@@ -92,6 +92,8 @@ class tst_OBJLineReader : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cutsNoMoreTokensThanAskedFor_data();
+    void cutsNoMoreTokensThanAskedFor();
     void lines_data();
     void lines();
     void randomTexts();
@@ -100,6 +102,39 @@ private Q_SLOTS:
     void leavesTheDeviceBehindTheLine();
     void startsWhereTheDeviceStands();
 };
+
+void tst_OBJLineReader::cutsNoMoreTokensThanAskedFor_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QStringList>("tokens");
+    QTest::newRow("ASCII") << QByteArray("  a bb  c ")
+                           << QStringList{QStringLiteral("a"), QStringLiteral("bb"), QStringLiteral("c")};
+    QTest::newRow("UTF-8") << QByteArray("a \xc3\xa4 c\xc2\xa0")
+                           << QStringList{QStringLiteral("a"), QStringLiteral("ä"), QStringLiteral("c")};
+    // What is not asked for still decides how the line is decoded.
+    QTest::newRow("Latin-1 at the end")
+        << QByteArray("a \xc3\xa4 \xe4\n")
+        << QStringList{QStringLiteral("a"), QStringLiteral("\u00c3\u00a4"), QStringLiteral("ä")};
+    QTest::newRow("comment") << QByteArray("# a b") << QStringList();
+    QTest::newRow("empty") << QByteArray(" ") << QStringList();
+}
+
+void tst_OBJLineReader::cutsNoMoreTokensThanAskedFor()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QStringList, tokens);
+    for (std::size_t most = 0; most < 5; ++most) {
+        QBuffer buffer(&bytes);
+        QVERIFY(buffer.open(QIODevice::ReadOnly));
+        QTextStream stream(&buffer);
+        OBJLineReader reader(stream);
+        QVERIFY(reader.readLine());
+        QStringList cut;
+        for (QAnyStringView const token : reader.splitLine(most))
+            cut << token.toString();
+        QCOMPARE(cut, tokens.mid(0, qsizetype(most)));
+    }
+}
 
 void tst_OBJLineReader::lines_data()
 {

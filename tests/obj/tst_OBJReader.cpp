@@ -65,6 +65,13 @@ protected:
     qint64 writeData(char const*, qint64) override { return -1; }
 };
 
+std::atomic<bool> setByMessage = false;
+
+void setOnMessage(QtMsgType, QMessageLogContext const&, QString const&)
+{
+    setByMessage = true;
+}
+
 /// Sets a flag when it is read for the n-th time; a line a time.
 class CancellingDevice : public support::SequentialDevice
 {
@@ -105,6 +112,7 @@ private Q_SLOTS:
     void needsFileName();
     void needsFile();
     void refusesFolder();
+    void refusesNameWithNul();
     void readsFile();
     void storesResultOfFile();
     void fileReadIgnoresCancel();
@@ -128,6 +136,7 @@ private Q_SLOTS:
     void cancelsBeforeFirstLine();
     void cancelsBetweenLines();
     void cancelsAfterLastLine();
+    void cancelsBeforeNormals();
 
     void keepsResultAfterFailure_data();
     void keepsResultAfterFailure();
@@ -252,6 +261,15 @@ void tst_OBJReader::refusesFolder()
     folder.makeFolder(u"folder.obj"_s);
     OBJReader reader;
     reader.setFileName(folder.path(u"folder.obj"_s));
+    QVERIFY(!reader.read(running));
+    QCOMPARE(reader.getError(), OBJReader::CannotOpenFile);
+}
+
+void tst_OBJReader::refusesNameWithNul()
+{
+    support::ObjFolder const folder;
+    OBJReader reader;
+    reader.setFileName(folder.write(u"a.obj"_s, triangle) + QChar(u'\0') + u"b"_s);
     QVERIFY(!reader.read(running));
     QCOMPARE(reader.getError(), OBJReader::CannotOpenFile);
 }
@@ -490,6 +508,27 @@ void tst_OBJReader::cancelsAfterLastLine()
     CancellingDevice bad("v 1 2 3\nv 1 2", 12);
     QCOMPARE(reader.read(&bad, bad.cancel), OBJReader::IncompleteVertexCoordinates);
     QVERIFY(bad.cancel);
+}
+
+void tst_OBJReader::cancelsBeforeNormals()
+{
+    // When all lines are read there is only one more step that can be cancelled. The warning of the undefined
+    // material comes before it.
+    support::ObjFolder const folder;
+    folder.writeImage(u"t.png"_s, support::plainImage(2, 2, Qt::blue));
+    folder.write(u"m.mtl"_s, "newmtl a\nmap_Kd t.png\n");
+    OBJReader reader;
+    reader.setFileName(folder.path(u"a.obj"_s));
+    QCOMPARE(reader.read(triangle, running), OBJReader::NoError);
+    geometry::Mesh const before = reader.getMesh();
+
+    QtMessageHandler const handler = qInstallMessageHandler(setOnMessage);
+    OBJReader::Error const code = reader.read("mtllib m.mtl\nusemtl b\nv 9 9 9\n" + triangle, setByMessage);
+    qInstallMessageHandler(handler);
+    QVERIFY(setByMessage);
+    QCOMPARE(code, OBJReader::Cancelled);
+    QCOMPARE(reader.getError(), OBJReader::NoError);
+    QVERIFY(support::sameBits(reader.getMesh(), before));
 }
 
 void tst_OBJReader::keepsResultAfterFailure_data()

@@ -112,6 +112,7 @@ private Q_SLOTS:
     void twoSquares();
     void showsRedWhereNoTextureIs();
     void transparentTexturesBlendWithRed();
+    void drawsHighResolutionsInFull();
     void drawsFormats_data();
     void drawsFormats();
     void packsRandomTextures_data();
@@ -230,6 +231,25 @@ void tst_OBJReaderAtlas::transparentTexturesBlendWithRed()
     };
     QCOMPARE(colorOf(u"a"_s), QColor(255, 0, 0, 255));
     QCOMPARE(colorOf(u"b"_s), QColor(127, 0, 128, 255));
+}
+
+void tst_OBJReaderAtlas::drawsHighResolutionsInFull()
+{
+    // Qt says of "skin@2x.png" that two of its pixels make one of the screen; here a pixel is a pixel.
+    support::ObjFolder const folder;
+    folder.writeImage(u"skin@2x.png"_s, support::placeImage(12, 8));
+    folder.writeImage(u"b.png"_s, support::plainImage(3, 3, Qt::green));
+    folder.write(u"m.mtl"_s, "newmtl a\nmap_Kd skin@2x.png\nnewmtl b\nmap_Kd b.png\n");
+    OBJReader reader;
+    reader.setFileName(folder.path(u"scan.obj"_s));
+    reader.setTextureSupport(SurfaceReader::TextureRequired);
+    QCOMPARE(
+        reader.read(
+            QByteArray("mtllib m.mtl\nv 0 0 0\nvt 0 0\nusemtl b\nf 1/1 1/1 1/1\nusemtl a\nf 1/1 1/1 1/1\n"),
+            running),
+        OBJReader::NoError);
+    QImage const atlas = reader.getTexture();
+    QCOMPARE(atlas.copy(0, atlas.height() - 8, 12, 8), support::placeImage(12, 8));
 }
 
 void tst_OBJReaderAtlas::drawsFormats_data()

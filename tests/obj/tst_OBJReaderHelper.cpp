@@ -27,6 +27,7 @@ private Q_SLOTS:
     void readsPerVertexNormals();
     void missingFileHasNoText();
     void folderHasNoText();
+    void nulIsNoEndOfAName();
     void failures_data();
     void failures();
     void needsNoTexture();
@@ -70,6 +71,16 @@ void tst_OBJReaderHelper::folderHasNoText()
     QString const path = folder.path(u"a.obj"_s);
     expectFailure(path, QString());
     QVERIFY(!OBJReaderHelper::read(path));
+}
+
+void tst_OBJReaderHelper::nulIsNoEndOfAName()
+{
+    support::ObjFolder const folder;
+    QString const path = folder.write(u"a.obj"_s, "v 1 2 3\nvn 0 0 1\n");
+    QVERIFY(OBJReaderHelper::read(path));
+    QString const longer = path + QChar(u'\0') + u"x"_s;
+    expectFailure(longer, QString());
+    QVERIFY(!OBJReaderHelper::read(longer));
 }
 
 void tst_OBJReaderHelper::failures_data()

@@ -238,6 +238,15 @@ void tst_OBJReaderText::faceLines_data()
     QTest::newRow("pentagon") << QByteArray("f 1 2 3 4 5") << triangle;
     QTest::newRow("hexagon") << QByteArray("f 3 2 1 1 1 1") << Indices{2, 1, 0, -1};
     QTest::newRow("fourth corner is never looked at") << QByteArray("f 1 2 3 x -5") << triangle;
+    QTest::newRow("a million corners")
+        << "f 3 2 1" + QByteArray(" 1/1/1").repeated(1000000) << Indices{2, 1, 0, -1};
+    QTest::newRow("a million parts") << "f 3" + QByteArray("/").repeated(1000000) + " 2/" +
+                                            QByteArray("/9").repeated(1000000) + " 1"
+                                     << Indices{2, 1, 0, -1};
+    QTest::newRow("many corners, not ASCII")
+        << "f 3 2 1" + QByteArray(" \xe4").repeated(1000) << Indices{2, 1, 0, -1};
+    // White space of Unicode at the end of a line is no token, so that this is a quad's fifth corner or not.
+    QTest::newRow("no-break space inside") << QByteArray("f 3 2 1 1 \xc2\xa0 x") << Indices{2, 1, 0, -1};
     QTest::newRow("same corner thrice") << QByteArray("f 2 2 2") << Indices{1, 1, 1, -1};
     QTest::newRow("two faces") << QByteArray("f 1 2 3\nf 3 4 5") << Indices{0, 1, 2, -1, 2, 3, 4, -1};
     QTest::newRow("non-ASCII fifth token") << QByteArray("f 1 2 3 4 \xc3\xa4") << triangle;
@@ -266,6 +275,7 @@ void tst_OBJReaderText::rejectedFaces_data()
     // The number of corners comes first, whatever they are.
     row("f 0 x 9 -1", OBJReader::QuadFacesNotSupported, {});
     row("f 1 2 3 #", OBJReader::QuadFacesNotSupported, {});
+    row("f 1 2 3 4 \xc2\xa0", OBJReader::QuadFacesNotSupported, {});
     row("f", OBJReader::InvalidVertexId, {});
     row("f 1", OBJReader::InvalidVertexId, {});
     row("f 1 2", OBJReader::InvalidVertexId, {});

@@ -79,6 +79,8 @@ private Q_SLOTS:
     void firstFailureEndsThePacking();
     void randomSets_data();
     void randomSets();
+    void largeSets_data();
+    void largeSets();
     void sameInputSameResult();
     void equalSidesKeepTheirOrder();
     void emptyRectanglesTakeNoPart();
@@ -193,6 +195,34 @@ void tst_RectanglePacker::randomSets()
         for (std::size_t k = 0; k < input.size(); ++k)
             QCOMPARE(QSize(rectangles[k].w, rectangles[k].h), QSize(input[k].w, input[k].h));
     }
+}
+
+void tst_RectanglePacker::largeSets_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("greatest");
+    QTest::newRow("of many sizes") << 700 << 200;
+    QTest::newRow("of few sizes") << 1500 << 4;
+    QTest::newRow("more than fit") << 900 << 1000;
+}
+
+void tst_RectanglePacker::largeSets()
+{
+    QFETCH(int, count);
+    QFETCH(int, greatest);
+    std::mt19937 random(11);
+    auto const side = [&] { return 1 + static_cast<int>(random() % static_cast<unsigned>(greatest)); };
+    Rectangles rectangles;
+    for (int i = 0; i < count; ++i) {
+        int const width = side();
+        rectangles.push_back({0, 0, width, side()});
+    }
+    packermodel::Packing const model = packermodel::pack(rectangles, maximumSide);
+    RectanglePacker::Result const result = RectanglePacker::pack(rectangles, maximumSide);
+    QCOMPARE(result.isComplete, model.isComplete);
+    QCOMPARE(result.size, QSize(model.width, model.height));
+    QVERIFY(std::equal(rectangles.begin(), rectangles.end(), model.rectangles.begin(), model.rectangles.end(),
+                       isSamePlace));
 }
 
 void tst_RectanglePacker::sameInputSameResult()
