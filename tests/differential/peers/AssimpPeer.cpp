@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string_view>
 
 namespace peers {
 
@@ -77,6 +78,18 @@ void addVertexData(geometry::Mesh const& from, aiMesh& to)
         arrayOf(from.textureCoordinates, [](QVector2D const& uv) { return aiVector3D(uv.x(), uv.y(), 0); });
 }
 
+std::unique_ptr<aiMaterial> materialFor(std::string_view format)
+{
+    auto material = std::make_unique<aiMaterial>();
+    if (format != "obj")
+        return material;
+    aiString const name("DefaultMaterial");
+    aiString const texture("texture.png");
+    material->AddProperty(&name, AI_MATKEY_NAME);
+    material->AddProperty(&texture, AI_MATKEY_TEXTURE_DIFFUSE(0));
+    return material;
+}
+
 std::unique_ptr<aiMesh> meshOf(geometry::Mesh const& from)
 {
     auto mesh = std::make_unique<aiMesh>();
@@ -119,7 +132,7 @@ bool saveWithAssimp(geometry::Mesh const& mesh, QString const& path, char const*
     CNumbers const numbers;
     aiScene scene;
     scene.mNumMaterials = 1;
-    scene.mMaterials = new aiMaterial* [1] { new aiMaterial };
+    scene.mMaterials = new aiMaterial* [1] { materialFor(format).release() };
     scene.mNumMeshes = 1;
     scene.mMeshes = new aiMesh* [1] { meshOf(mesh).release() };
     scene.mRootNode = new aiNode;

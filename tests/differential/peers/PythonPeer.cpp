@@ -1,6 +1,7 @@
 #include "differential/peers/PythonPeer.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -127,9 +128,13 @@ bool PythonPeer::save(QList<geometry::Mesh> const& meshes, QStringList const& pa
 {
     QJsonArray jobs;
     for (qsizetype i = 0; i < paths.size(); ++i)
-        jobs << QJsonObject{{u"program"_s, program},     {u"verb"_s, u"save"_s},
-                            {u"path"_s, paths[i]},       {u"binary"_s, true},
-                            {u"precision"_s, precision}, {u"mesh"_s, objectOf(meshes[i])}};
+        jobs << QJsonObject{{u"program"_s, program},
+                            {u"verb"_s, u"save"_s},
+                            {u"path"_s, paths[i]},
+                            {u"binary"_s, true},
+                            {u"precision"_s, precision},
+                            {u"mesh"_s, objectOf(meshes[i])},
+                            {u"format"_s, QFileInfo(paths[i]).suffix()}};
     QJsonArray const results = run(interpreter, jobs);
     bool isSaved = results.size() == paths.size();
     for (QJsonValue const& result : results)

@@ -17,8 +17,8 @@ public:
     bool isThere() const { return !interpreter.isEmpty(); }
     /// What it makes of each file; nothing where it refuses.
     QList<std::optional<PeerMesh>> load(QStringList const& paths) const;
-    /// Whether it wrote all of them, as binary PLY. `precision` of the coordinates, where the program asks:
-    /// "float32" or "float64". Alpha is written where the program knows it.
+    /// Whether it wrote all of them, by suffix as binary PLY or as OBJ. `precision` of the coordinates, where
+    /// the program asks: "float32" or "float64". Alpha is written where the program knows it.
     bool save(QList<geometry::Mesh> const& meshes, QStringList const& paths,
               QString const& precision = QStringLiteral("float32")) const;
 

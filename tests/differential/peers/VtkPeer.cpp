@@ -7,6 +7,7 @@
 #include <vtkFloatArray.h>
 #include <vtkNew.h>
 #include <vtkOBJReader.h>
+#include <vtkOBJWriter.h>
 #include <vtkObject.h>
 #include <vtkPLYReader.h>
 #include <vtkPLYWriter.h>
@@ -94,6 +95,12 @@ void addPointData(geometry::Mesh const& from, vtkPolyData& to)
         colors->InsertNextTuple4(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF, color >> 24);
     if (!from.colors.isEmpty())
         to.GetPointData()->SetScalars(colors);
+    vtkNew<vtkFloatArray> coordinates;
+    coordinates->SetNumberOfComponents(2);
+    for (QVector2D const& uv : from.textureCoordinates)
+        coordinates->InsertNextTuple2(double(uv.x()), double(uv.y()));
+    if (!from.textureCoordinates.isEmpty())
+        to.GetPointData()->SetTCoords(coordinates);
 }
 
 vtkNew<vtkPolyData> polyDataOf(geometry::Mesh const& mesh)
@@ -156,6 +163,13 @@ bool saveWithVtk(geometry::Mesh const& mesh, QString const& path, bool isBinary)
         writer->SetArrayName(colorArray);
         writer->SetEnableAlpha(true);
         return save(*writer, mesh, path, isBinary);
+    }
+    if (path.endsWith(QLatin1String("obj"), Qt::CaseInsensitive)) {
+        vtkNew<vtkPolyData> const data = polyDataOf(mesh);
+        vtkNew<vtkOBJWriter> writer;
+        writer->SetInputData(data);
+        writer->SetFileName(QFile::encodeName(path).constData());
+        return writer->Write() == 1;
     }
     vtkNew<vtkSTLWriter> writer;
     return save(*writer, mesh, path, isBinary);

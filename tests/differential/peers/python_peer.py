@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Reads and writes PLY files with meshio or Open3D on behalf of a test.
+"""Reads and writes mesh files with meshio or Open3D on behalf of a test.
 
 python_peer.py JOBS RESULTS: JOBS is a JSON array of {"program", "verb", "path", ...}. For "load" the result is
-the mesh, or null; for "save" (of "mesh", "binary") it is true or false. RESULTS gets a JSON array of them. A mesh
+the mesh, or null; for "save" (of "mesh", "binary", "format") it is true or false. RESULTS gets a JSON array of them. A mesh
 has "vertices", "triangles" and, where there are any, "normals", "colors" (0 to 255).
 """
 
@@ -43,7 +43,8 @@ def save_with_meshio(job):
         data.update(zip(CHANNELS, np.ascontiguousarray(colors.T)))
     points = np.array(mesh["vertices"], dtype=job.get("precision", "float32"))
     cells = [("triangle", np.array(mesh["triangles"], dtype=np.int32))]
-    meshio.write(job["path"], meshio.Mesh(points, cells, point_data=data), "ply", binary=job["binary"])
+    options = {"binary": job["binary"]} if job["format"] == "ply" else {}
+    meshio.write(job["path"], meshio.Mesh(points, cells, point_data=data), job["format"], **options)
     return True
 
 
