@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <new>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -35,6 +36,17 @@ QByteArray contentOf(QFile& file)
         content += block;
     }
     return content;
+}
+
+// Want of memory is a failure like any other.
+template <typename Step>
+bool succeeds(Step const& step)
+{
+    try {
+        return step();
+    } catch (std::bad_alloc const&) {
+        return false;
+    }
 }
 
 void warn(QLatin1StringView text, QString const& name)
@@ -62,6 +74,16 @@ AssociatedShapesXMLReader::~AssociatedShapesXMLReader() = default;
 
 bool AssociatedShapesXMLReader::read(QMap<QString, QByteArray> const& files, QString const& xmlFileName)
 {
+    return succeeds([&] { return readBundle(files, xmlFileName); });
+}
+
+bool AssociatedShapesXMLReader::read(QString const& xmlFilePath)
+{
+    return succeeds([&] { return readDocument(xmlFilePath); });
+}
+
+bool AssociatedShapesXMLReader::readBundle(QMap<QString, QByteArray> const& files, QString const& xmlFileName)
+{
     QDomDocument document;
     if (!parse(files.value(xmlFileName), document)) {
         warn("Could not parse "_L1, xmlFileName);
@@ -69,20 +91,22 @@ bool AssociatedShapesXMLReader::read(QMap<QString, QByteArray> const& files, QSt
     }
     QDomElement const root = document.documentElement();
     auto const known = readMaterialsFromXml(root);
-    QDomElement const shapes = DomHelper::getFirstTagElement(root, u"shapes"_s);
-    for (QDomElement const& shape : DomHelper::getTagElements(shapes, u"shape"_s)) {
+    QDomElement const list = DomHelper::getFirstTagElement(root, u"shapes"_s);
+    Shapes found;
+    for (QDomElement const& shape : DomHelper::getTagElements(list, u"shape"_s)) {
         QString const name = shape.text();
         geometry::Mesh const mesh = readShape(files.value(name), name);
         QString const id = shape.attribute(u"materialId"_s);
         if (mesh.isNull() || id.isEmpty() || !known.contains(id))
             continue;
-        meshes.append(mesh);
-        materials.append(known.value(id));
+        found.meshes.append(mesh);
+        found.materials.append(known.value(id));
     }
+    keep(found);
     return !meshes.isEmpty();
 }
 
-bool AssociatedShapesXMLReader::read(QString const& xmlFilePath)
+bool AssociatedShapesXMLReader::readDocument(QString const& xmlFilePath)
 {
     if (!meshes.isEmpty()) {
         meshes.clear();
@@ -100,6 +124,7 @@ bool AssociatedShapesXMLReader::read(QString const& xmlFilePath)
         return false;
     }
     QDir const directory(QFileInfo(xmlFilePath).absolutePath());
+    Shapes found;
     QDomNodeList const shapes =
         deprecated::DomHelper::getTagElementsRecursively(document.documentElement(), u"shape"_s);
     for (int i = 0; i < shapes.size(); ++i) {
@@ -107,10 +132,19 @@ bool AssociatedShapesXMLReader::read(QString const& xmlFilePath)
         geometry::Mesh const mesh = readShape(QFileInfo(directory, name).absoluteFilePath());
         if (mesh.isNull())
             continue;
-        meshes.append(mesh);
-        materials.append(geometry::Material::distractor());
+        found.meshes.append(mesh);
+        found.materials.append(geometry::Material::distractor());
     }
+    keep(found);
     return !meshes.isEmpty();
+}
+
+// Both lists or none of them.
+void AssociatedShapesXMLReader::keep(Shapes const& shapes)
+{
+    QList<geometry::Material> allMaterials = materials + shapes.materials;
+    meshes += shapes.meshes;
+    materials.swap(allMaterials);
 }
 
 QList<geometry::Mesh> AssociatedShapesXMLReader::takeMeshes()

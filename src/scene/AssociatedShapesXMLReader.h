@@ -21,7 +21,8 @@ class QDomElement;
 /// written for use (64 MiB, nesting of 512 levels, entities that multiply, …) counts as one that cannot be
 /// parsed.
 ///
-/// Failures are a false result with a warning. A value type; one thread at a time.
+/// Failures are a false result with a warning; want of memory is one without, and what was held stays as it
+/// was. A value type; one thread at a time.
 class SURFACEIO_EXPORT AssociatedShapesXMLReader
 {
 public:
@@ -53,6 +54,15 @@ public:
     QList<geometry::Material> getMaterials() const;
 
 private:
+    struct Shapes
+    {
+        QList<geometry::Mesh> meshes;
+        QList<geometry::Material> materials;
+    };
+
+    bool readBundle(QMap<QString, QByteArray> const& files, QString const& xmlFileName);
+    bool readDocument(QString const& xmlFilePath);
+    void keep(Shapes const& shapes);
     QMap<QString, geometry::Material> readMaterialsFromXml(QDomElement const& root) const;
     geometry::Mesh readShape(QByteArray const& bytes, QString const& fileName) const;
     geometry::Mesh readShape(QString const& path) const;

@@ -7,6 +7,7 @@
 #include <QDebug>
 
 #include <array>
+#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -41,14 +42,17 @@ constexpr std::array formats = {Format{QLatin1StringView(".stl"), makeSTLReader}
 
 std::shared_ptr<DentalScan> DentalScanReader::readDentalScan(QString const& fileName)
 {
-    for (Format const& format : formats) {
-        if (!fileName.endsWith(format.ending))
-            continue;
-        auto const reader = format.makeReader();
-        reader->setFileName(fileName);
-        return readDentalScanWithSurfaceReader(*reader);
+    try {
+        for (Format const& format : formats) {
+            if (!fileName.endsWith(format.ending))
+                continue;
+            auto const reader = format.makeReader();
+            reader->setFileName(fileName);
+            return readDentalScanWithSurfaceReader(*reader);
+        }
+        qWarning() << "DentalScanReader : given file is not an .stl, .ply or .obj file.";
+    } catch (std::bad_alloc const&) { // want of memory is a failure like any other
     }
-    qWarning() << "DentalScanReader : given file is not an .stl, .ply or .obj file.";
     return nullptr;
 }
 

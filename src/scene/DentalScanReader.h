@@ -16,8 +16,8 @@ public:
     /// file is one surface with smooth normals, whatever tags its facets carry.
     ///
     /// The scan has the file's mesh, in millimetres, and the reader's transform; everything else of it is for
-    /// the caller to fill. Empty, with a warning, for another ending and for a file that cannot be read.
-    /// Cannot be cancelled.
+    /// the caller to fill. Empty, with a warning, for another ending and for a file that cannot be read;
+    /// without one for want of memory. Cannot be cancelled.
     static std::shared_ptr<DentalScan> readDentalScan(QString const& fileName);
 
 private:

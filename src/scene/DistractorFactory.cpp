@@ -9,6 +9,7 @@
 #include <QDebug>
 
 #include <array>
+#include <new>
 #include <span>
 #include <utility>
 
@@ -26,6 +27,19 @@ constexpr float creaseThreshold = 0.5f;
 constexpr std::array innerParts = {0, 2, 8, 9, 10, 12};
 constexpr std::array outerParts = {1, 4, 7, 11, 13};
 
+// Shapes that no part has taken yet.
+struct OwnedShapes
+{
+    OwnedShapes() = default;
+    explicit OwnedShapes(QList<geometry::Shape*> const& list_)
+        : list(list_)
+    {}
+    Q_DISABLE_COPY_MOVE(OwnedShapes)
+    ~OwnedShapes() { qDeleteAll(list); }
+
+    QList<geometry::Shape*> list;
+};
+
 QString documentPath(QString const& productId)
 {
     auto const& parameters = ApplicationParametersManagerImpl::instance();
@@ -37,21 +51,27 @@ QString documentPath(QString const& productId)
 
 std::shared_ptr<Distractor> DistractorFactory::createDistractor(QString const& productId)
 {
-    return createMaxillaTelescopingDistractor(productId);
+    try {
+        return createMaxillaTelescopingDistractor(productId);
+    } catch (std::bad_alloc const&) {
+        return nullptr;
+    }
 }
 
 std::shared_ptr<Distractor> DistractorFactory::createMaxillaTelescopingDistractor(QString const& productId)
 {
-    QList<geometry::Shape*> shapes = loadDistractorShapes(documentPath(productId));
+    OwnedShapes shapes(loadDistractorShapes(documentPath(productId)));
     auto distractor = std::make_shared<Distractor>(productId, DistractorCatalog::getProductName(productId));
     distractor->setRoot(std::make_unique<geometry::ShapeNode>(u"root"_s));
     geometry::ShapeNode& root = *distractor->getRoot();
     for (int i = 0; i < DistractorCatalog::getNumParts(productId); ++i) {
-        geometry::Shape* const shape = i < shapes.size() ? std::exchange(shapes[i], nullptr) : nullptr;
-        root.addChild(new geometry::ShapeNode(partName(productId, i), shape));
+        bool const hasShape = i < shapes.list.size();
+        auto part = std::make_unique<geometry::ShapeNode>(partName(productId, i),
+                                                          hasShape ? shapes.list[i] : nullptr);
+        if (hasShape)
+            shapes.list[i] = nullptr;
+        root.addChild(part.release());
     }
-    // What no part wanted.
-    qDeleteAll(shapes);
 
     auto advancement = std::make_unique<DistractorAdvancement>(0.0f, 0.0f, 20.0f, 0.1f);
     auto const addParts = [&](std::span<int const> parts, DistractorAdvancementConstraint const& constraint) {
@@ -90,14 +110,15 @@ QList<geometry::Shape*> DistractorFactory::loadDistractorShapes(QString const& p
     QList<geometry::Mesh> const meshes = reader.takeMeshes();
     QList<geometry::Material> const materials = reader.getMaterials();
     std::atomic<bool> const cancel = false;
-    QList<geometry::Shape*> shapes;
+    OwnedShapes shapes;
     for (qsizetype i = 0; i < meshes.size(); ++i) {
-        auto shape = std::make_unique<geometry::Shape>();
-        shape->setMesh(NormalsCalculator::computeSharpEdgeNormals(meshes[i], creaseThreshold, cancel));
-        shape->setMaterial(materials[i]);
-        shapes.append(shape.release());
+        shapes.list.append(nullptr);
+        shapes.list[i] = new geometry::Shape;
+        shapes.list[i]->setMesh(
+            NormalsCalculator::computeSharpEdgeNormals(meshes[i], creaseThreshold, cancel));
+        shapes.list[i]->setMaterial(materials[i]);
     }
-    return shapes;
+    return std::exchange(shapes.list, {});
 }
 
 QString DistractorFactory::partName(QString const& productId, int index)

@@ -27,8 +27,8 @@ public:
     /// steps of 0.1 mm: parts 0, 2, 8, 9, 10 and 12 all the way, parts 1, 4, 7, 11 and 13 from 9.25 mm on.
     /// Its z axis is turned onto the catalogue's direction.
     ///
-    /// Never null. A document that cannot be read gives a warning, and nodes without shapes. An unknown id is
-    /// what the catalogue makes of it.
+    /// Null for want of memory only. A document that cannot be read gives a warning, and nodes without
+    /// shapes. An unknown id is what the catalogue makes of it.
     static std::shared_ptr<Distractor> createDistractor(QString const& productId);
 
 private:

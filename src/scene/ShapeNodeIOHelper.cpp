@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QVersionNumber>
 
+#include <new>
+
 namespace {
 
 constexpr int streamVersion = QDataStream::Qt_5_15;
@@ -18,6 +20,17 @@ static_assert(streamVersion == 19);
 QVersionNumber versionNumber(std::pair<unsigned, unsigned> const& version)
 {
     return {static_cast<int>(version.first), static_cast<int>(version.second)};
+}
+
+// Want of memory is a failure like any other: null or false.
+template <typename Step>
+auto guarded(Step const& step) -> decltype(step())
+{
+    try {
+        return step();
+    } catch (std::bad_alloc const&) {
+        return {};
+    }
 }
 
 // Qt has something to say of an empty name; what becomes of it is for the callers to tell.
@@ -41,10 +54,8 @@ void writeLatestVersion(QDataStream& stream)
     BinaryIOHelper::writeVersion(stream, major, minor);
 }
 
-} // namespace
-
-std::unique_ptr<geometry::ShapeNode>
-ShapeNodeIOHelper::read(QString const& fileName, QVersionNumber const& versionIfMissing, bool flag)
+std::unique_ptr<geometry::ShapeNode> readTree(QString const& fileName, QVersionNumber const& versionIfMissing,
+                                              bool flag)
 {
     QFile file(fileName);
     if (!openForReading(file)) {
@@ -65,7 +76,7 @@ ShapeNodeIOHelper::read(QString const& fileName, QVersionNumber const& versionIf
     return root;
 }
 
-std::unique_ptr<geometry::Shape> ShapeNodeIOHelper::readShape(QString const& fileName)
+std::unique_ptr<geometry::Shape> readShapeFile(QString const& fileName)
 {
     QFile file(fileName);
     if (!openForReading(file)) {
@@ -87,7 +98,7 @@ std::unique_ptr<geometry::Shape> ShapeNodeIOHelper::readShape(QString const& fil
     return shape;
 }
 
-bool ShapeNodeIOHelper::write(QString const& fileName, geometry::Shape const& shape)
+bool writeShape(QString const& fileName, geometry::Shape const& shape)
 {
     QFile file(fileName);
     if (!openForWriting(file)) {
@@ -103,7 +114,7 @@ bool ShapeNodeIOHelper::write(QString const& fileName, geometry::Shape const& sh
     return true;
 }
 
-bool ShapeNodeIOHelper::write(QString const& fileName, geometry::ShapeNode* node)
+bool writeTree(QString const& fileName, geometry::ShapeNode const* node)
 {
     QFile file(fileName);
     if (!openForWriting(file)) {
@@ -114,4 +125,27 @@ bool ShapeNodeIOHelper::write(QString const& fileName, geometry::ShapeNode* node
     writeLatestVersion(stream);
     ShapeNodeIO::saveRecursive(node, &stream);
     return true;
+}
+
+} // namespace
+
+std::unique_ptr<geometry::ShapeNode>
+ShapeNodeIOHelper::read(QString const& fileName, QVersionNumber const& versionIfMissing, bool flag)
+{
+    return guarded([&] { return readTree(fileName, versionIfMissing, flag); });
+}
+
+std::unique_ptr<geometry::Shape> ShapeNodeIOHelper::readShape(QString const& fileName)
+{
+    return guarded([&] { return readShapeFile(fileName); });
+}
+
+bool ShapeNodeIOHelper::write(QString const& fileName, geometry::Shape const& shape)
+{
+    return guarded([&] { return writeShape(fileName, shape); });
+}
+
+bool ShapeNodeIOHelper::write(QString const& fileName, geometry::ShapeNode* node)
+{
+    return guarded([&] { return writeTree(fileName, node); });
 }

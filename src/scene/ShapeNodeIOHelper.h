@@ -12,8 +12,8 @@ class QVersionNumber;
 /// Saves shapes and trees of shapes in binary files behind a version header (see `BinaryIOHelper`), and loads
 /// them. What follows the header is the data library's, see `ShapeNodeIO`.
 ///
-/// Every failure is a null pointer or false, with its reason in the log. Stateless: any thread, any number at
-/// a time on different files.
+/// Every failure is a null pointer or false, with its reason in the log but for want of memory. Stateless:
+/// any thread, any number at a time on different files.
 class SURFACEIO_EXPORT ShapeNodeIOHelper
 {
 public:
