@@ -149,6 +149,20 @@ void addVolumes(Corpus& corpus)
     corpus.add(u"Conditions"_s, u"two-lines.txt"_s, "a\nb");
 }
 
+void addNumbers(Corpus& corpus)
+{
+    corpus.add(u"Numbers"_s, u"plain.txt"_s, "-12.5e-3");
+    corpus.add(u"Numbers"_s, u"many-digits.txt"_s, "0.1234567890123456789012345");
+    corpus.add(u"Numbers"_s, u"halfway.txt"_s, "16777217.0000000000000000000000001");
+    corpus.add(u"Numbers"_s, u"overflow.txt"_s, "3.40282357e38");
+    corpus.add(u"Numbers"_s, u"underflow.txt"_s, "1e-46");
+    corpus.add(u"Numbers"_s, u"words.txt"_s, " +inf");
+    corpus.add(u"Numbers"_s, u"integers.txt"_s, "0 -1 999999999 3 4\r\n");
+    corpus.add(u"Numbers"_s, u"reals.txt"_s, "1 2.5 -3e4\n");
+    corpus.add(u"Numbers"_s, u"beyond-int.txt"_s, "2147483648");
+    corpus.add(u"Numbers"_s, u"utf-16.txt"_s, QByteArray("1\0.\0005\0", 6));
+}
+
 // Of each text the number of units, whether they take two bytes, and the units; a flag; a date.
 void addMetadata(Corpus& corpus)
 {
@@ -191,6 +205,7 @@ int main(int argc, char** argv)
     addObjs(corpus);
     addAtlases(corpus);
     addVolumes(corpus);
+    addNumbers(corpus);
     addMetadata(corpus);
     addMeshArrays(corpus);
     QTextStream(stderr) << (corpus.isComplete() ? "done\n" : "could not write every seed\n");
