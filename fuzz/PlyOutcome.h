@@ -3,12 +3,25 @@
 #include "Fuzz.h"
 #include "ply/PLYReader.h"
 #include "support/Devices.h"
+#include "support/PrivateAccess.h"
 
 #include <QBuffer>
 
 #include <atomic>
 
-/// What a PLY reader makes of a file, and that it makes the same of it every time and from every device.
+namespace support {
+
+struct DecodesRows
+{
+    using Member = bool PLYReader::*;
+    friend Member privateMember(DecodesRows);
+};
+template struct PrivateMember<DecodesRows, &PLYReader::decodesRows>;
+
+} // namespace support
+
+/// What a PLY reader makes of a file, and that it makes the same of it every time, from every device, and
+/// value by value.
 namespace fuzz {
 
 struct PlySettings
@@ -55,9 +68,10 @@ inline PlyOutcome outcomeOf(PLYReader& reader, QIODevice& device)
             messages()};
 }
 
-inline PlyOutcome readPly(QIODevice& device, PlySettings const& settings)
+inline PlyOutcome readPly(QIODevice& device, PlySettings const& settings, bool decodesRows = true)
 {
     PLYReader reader(settings.mode);
+    reader.*privateMember(support::DecodesRows()) = decodesRows;
     reader.activeFaceColorMode(settings.faceColors);
     reader.setTextureSupport(settings.textureSupport);
     reader.setTextureOverride(settings.texture);
@@ -107,13 +121,15 @@ inline void requireSame(PlyOutcome const& a, PlyOutcome const& b)
             (!a.material || sameMaterials(*a.material, *b.material)));
 }
 
-/// Reads `file` as bytes in memory, once more, and from a pipe that gives few bytes at a time.
+/// Reads `file` as bytes in memory, once more, value by value, and from a pipe that gives few bytes at a
+/// time.
 inline PlyOutcome requireSameEveryWay(QByteArray file, PlySettings const& settings)
 {
     QBuffer buffer(&file);
     PlyOutcome const first = readPly(buffer, settings);
     requireSound(first, settings);
     requireSame(first, readPly(buffer, settings));
+    requireSame(first, readPly(buffer, settings, false));
     support::SequentialDevice pipe(file, 7);
     require(pipe.open(QIODevice::ReadOnly));
     requireSame(first, readPly(pipe, settings));

@@ -77,10 +77,13 @@ void requireSound(Outcome const& outcome, SurfaceReader::TextureSupport support)
 QByteArray withoutPlainLines(QByteArray const& text)
 {
     QByteArrayList lines = text.split('\n');
-    for (QByteArray& line : lines) {
-        QByteArray const trimmed = line.trimmed();
-        if (trimmed.startsWith('v') || trimmed.startsWith('f'))
-            line.prepend(line.isValidUtf8() ? "\xe2\x80\x83" : "\xa0");
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        QByteArray const trimmed = lines[i].trimmed();
+        bool const isUtf8 = lines[i].isValidUtf8();
+        // Half a character at the end of the file counts as UTF-8, which a space in Latin-1 would spoil.
+        bool const endsHalfway = !isUtf8 && i + 1 == lines.size();
+        if ((trimmed.startsWith('v') || trimmed.startsWith('f')) && !endsHalfway)
+            lines[i].prepend(isUtf8 ? "\xe2\x80\x83" : "\xa0");
     }
     return "" + lines.join('\n');
 }

@@ -41,7 +41,9 @@ struct TreeLoader
         }
         if (!shapestream::readWord(*stream, childCount))
             return nullptr;
-        return std::make_unique<ShapeNode>(name, shape.release());
+        auto node = std::make_unique<ShapeNode>(name, shape.get());
+        static_cast<void>(shape.release()); // the node has it
+        return node;
     }
 
     std::unique_ptr<ShapeNode> readTree() const
