@@ -1,3 +1,4 @@
+#include "framework/ImageClaims.h"
 #include "obj/OBJLineReader.h"
 #include "obj/OBJNumbers.h"
 #include "obj/OBJReader.h"
@@ -178,6 +179,11 @@ OBJReader::Error OBJReader::loadTexture(QString const& textureFileName, QImage& 
         qWarning() << "OBJReader::loadTexture"
                    << "Texture file" << path << "not found";
         return CannotFindTextureFile;
+    }
+    if (images::claimsTooMuch(given)) {
+        // What the decoder would say once it has allocated what is claimed.
+        qWarning() << "OBJReader::loadTexture" << QImageReader::tr("Unable to read image data");
+        return TextureProcessingFailed;
     }
     QImageReader reader(given, {});
     QImage const loaded = reader.read();

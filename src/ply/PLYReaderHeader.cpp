@@ -1,3 +1,4 @@
+#include "framework/ImageClaims.h"
 #include "ply/PLYReader.h"
 #include "ply/PLYSource.h"
 #include "ply/PLYTokens.h"
@@ -218,7 +219,7 @@ bool PLYReader::handleTexture(QString const& name, PLYHeader& header) const
     }
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
-    QImage const image = reader.read();
+    QImage const image = images::claimsTooMuch(path) ? QImage() : reader.read();
     header.setTexture(image);
     return !image.isNull();
 }

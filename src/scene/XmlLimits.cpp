@@ -132,6 +132,10 @@ private:
 class TokenCounter
 {
 public:
+    explicit TokenCounter(qsizetype documentBytes)
+        : mostMemory(baseMemory + memoryForEachByte * documentBytes)
+    {}
+
     bool take(QXmlStreamReader const& xml)
     {
         switch (xml.tokenType()) {
@@ -139,6 +143,7 @@ public:
             ++depth;
             shapeDepth += xml.qualifiedName() == "shape"_L1 ? 1 : 0;
             takeAttributes(xml.attributes());
+            memory += nodeMemory;
             break;
         case QXmlStreamReader::EndElement:
             --depth;
@@ -146,17 +151,27 @@ public:
             break;
         default:
             characters += xml.text().size() * (1 + qint64(shapeDepth));
+            memory += nodeMemory + characterMemory * xml.text().size();
         }
         return ++tokens <= maxTokens && depth <= maxDepth && attributeCount <= maxAttributesOfAll &&
-               characters <= maxCharacters;
+               characters <= maxCharacters && memory <= mostMemory;
     }
 
 private:
+    // As measured with Qt 6.4 on a 64-bit machine.
+    static constexpr qint64 nodeMemory = 260;
+    static constexpr qint64 attributeListMemory = 1750;
+    static constexpr qint64 attributeMemory = 430;
+    static constexpr qint64 characterMemory = 4;
+
     void takeAttributes(QXmlStreamAttributes const& attributes)
     {
         attributeCount += attributes.size();
-        for (QXmlStreamAttribute const& attribute : attributes)
+        memory += (attributes.isEmpty() ? 0 : attributeListMemory) + attributeMemory * attributes.size();
+        for (QXmlStreamAttribute const& attribute : attributes) {
             characters += attribute.value().size();
+            memory += characterMemory * attribute.value().size();
+        }
     }
 
     int tokens = 0;
@@ -164,6 +179,8 @@ private:
     int shapeDepth = 0;
     qint64 attributeCount = 0;
     qint64 characters = 0;
+    qint64 memory = 0;
+    qint64 mostMemory;
 };
 
 // In UTF-16 and UTF-32 the markup is not at hand as bytes.
@@ -188,7 +205,7 @@ bool isWithinLimits(QByteArray const& document)
     QXmlStreamReader xml(document);
     // As QDomDocument reads by default.
     xml.setNamespaceProcessing(false);
-    TokenCounter counter;
+    TokenCounter counter(document.size());
     while (!xml.atEnd()) {
         xml.readNext();
         if (!counter.take(xml))

@@ -15,6 +15,9 @@ inline constexpr int maxAttributes = 256;
 inline constexpr int maxTokens = 4'000'000;
 /// Attributes of all elements together, with the defaults of a document type declaration.
 inline constexpr qint64 maxAttributesOfAll = 4'000'000;
+/// What the document takes in memory once it is a `QDomDocument`: so much, and so many times its size.
+inline constexpr qint64 baseMemory = 56LL * 1024 * 1024;
+inline constexpr qint64 memoryForEachByte = 10;
 /// Characters of all texts and attributes, with entities expanded, and of shapes within shapes once for each.
 inline constexpr qint64 maxCharacters = 64LL * 1024 * 1024;
 /// Bytes from "<!DOCTYPE" to its end.

@@ -25,6 +25,9 @@ constexpr auto asciiStart = "solid"_L1;
 constexpr auto vertexKeyword = "vertex"_L1;
 constexpr qsizetype verticesPerTriangle = 3;
 constexpr int restart = -1;
+// In characters. Binary data, or a file without line feeds, may have gigabytes before the first of them.
+constexpr qint64 partLength = 4096;
+constexpr qint64 longestLine = qint64(4) * 1024 * 1024;
 // Beyond, a mesh could no longer count its indices in an int.
 constexpr qsizetype mostVertices = std::numeric_limits<int>::max() / 4 * verticesPerTriangle;
 
@@ -34,10 +37,17 @@ QString withoutLeadingSpace(QString const& text)
     return text.last(text.end() - begin);
 }
 
-// Reads the first line, in parts: binary data may have gigabytes before its first line feed.
+void skipRestOfLine(QTextStream& stream)
+{
+    QString part;
+    do
+        stream.readLineInto(&part, partLength);
+    while (part.size() == partLength);
+}
+
+// Reads the first line, in parts.
 bool isAscii(QTextStream& stream)
 {
-    constexpr qint64 partLength = 4096;
     QString start;
     QString part;
     do {
@@ -46,8 +56,8 @@ bool isAscii(QTextStream& stream)
     } while (part.size() == partLength && start.size() < asciiStart.size());
     if (!start.startsWith(asciiStart))
         return false;
-    while (part.size() == partLength)
-        part = stream.readLine(partLength);
+    if (part.size() == partLength)
+        skipRestOfLine(stream);
     return true;
 }
 
@@ -205,14 +215,18 @@ bool STLReader::readAscii(QTextStream& stream, std::atomic<bool> const& cancel)
     geometry::Mesh result;
     QString line;
     // Not until atEnd(): a device may deny its end and still give nothing, or make its data only when asked.
-    while (stream.readLineInto(&line)) {
+    while (stream.readLineInto(&line, longestLine)) {
         if (cancel) {
             cleanSTLData();
             return false;
         }
-        if (!QStringView(line).trimmed().startsWith(vertexKeyword))
+        bool const isWhole = line.size() < longestLine;
+        if (!QStringView(line).trimmed().startsWith(vertexKeyword)) {
+            if (!isWhole)
+                skipRestOfLine(stream);
             continue;
-        std::optional<QVector3D> const vertex = parseVertex(line);
+        }
+        std::optional<QVector3D> const vertex = isWhole ? parseVertex(line) : std::nullopt;
         if (!vertex || result.vertices.size() == mostVertices)
             return false;
         appendVertex(result, *vertex);

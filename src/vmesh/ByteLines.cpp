@@ -25,13 +25,15 @@ bool ByteLines::fetch()
     wholeLines = 0;
     while (wholeLines == 0 && readMore()) {
     }
-    if (wholeLines == 0 && filled > 0)
+    if (wholeLines == 0 && filled > 0 && filled < longestLine)
         endLastLine();
     return wholeLines > 0;
 }
 
 bool ByteLines::readMore()
 {
+    if (filled >= longestLine)
+        return false;
     if (static_cast<std::size_t>(filled) == buffer.size())
         buffer.resize(2 * buffer.size());
     char* const free = buffer.data() + filled;

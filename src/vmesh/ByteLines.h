@@ -7,6 +7,10 @@
 
 namespace vmesh {
 
+/// The longest line that is read, in characters with its end. A line is a handful of numbers; one without an
+/// end would take several times its bytes of memory.
+constexpr qsizetype longestLine = qsizetype(4) * 1024 * 1024;
+
 /// The lines of a device as bytes, many at a time, cut as `QTextStream::readLine` cuts text of one byte a
 /// character: at line feeds, without one carriage return before the line feed or at the end of the data.
 /// Holds as much of the device as its longest line, or a block.
@@ -16,7 +20,8 @@ public:
     /// Reads from where the device is. The device stays the caller's.
     explicit ByteLines(QIODevice& device);
 
-    /// Sees to it that a whole line lies at `text`. False at the end of the data. Throws std::bad_alloc.
+    /// Sees to it that a whole line lies at `text`. False at the end of the data, and at a line beyond
+    /// `longestLine`. Throws std::bad_alloc.
     bool fetch();
     /// The first byte of the line. A line feed follows sooner or later, at the end of the data too.
     char const* text() const { return buffer.data() + next; }

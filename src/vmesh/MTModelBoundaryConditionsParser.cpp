@@ -1,5 +1,6 @@
 #include "vmesh/MTModelBoundaryConditionsParser.h"
 
+#include "vmesh/ByteLines.h"
 #include "vmesh/SharedArray.h"
 
 #include <QDebug>
@@ -71,8 +72,8 @@ bool MTModelBoundaryConditionsParser::readText(QIODevice& device, qint64& lineNu
     QString line;
     do {
         ++lineNumber; // a line may be more than there is memory for
-        line = stream.readLine();
-        if (!parseLine(line, lineNumber))
+        line = stream.readLine(vmesh::longestLine);
+        if (line.size() == vmesh::longestLine || !parseLine(line, lineNumber))
             return false;
     } while (!allBoundaryConditionsRead() && !line.isNull());
     return true;

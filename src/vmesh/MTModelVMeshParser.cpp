@@ -109,8 +109,8 @@ bool MTModelVMeshParser::readText(QIODevice& device, qint64& lineNumber)
     QString line;
     do {
         ++lineNumber; // a line may be more than there is memory for
-        line = stream.readLine();
-        if (!parseLine(line, lineNumber))
+        line = stream.readLine(vmesh::longestLine);
+        if (line.size() == vmesh::longestLine || !parseLine(line, lineNumber))
             return false;
     } while (!line.isNull());
     return true;

@@ -1,5 +1,7 @@
 // Every damage of a systematic kind to a small good file of each format: a sound result or a failure, the
-// same when it is read again, and no call that Qt complains about.
+// same when it is read again, within the bound of memory, and no call that Qt complains about.
+#include "hostile/AllocationHook.h"
+#include "hostile/Bounds.h"
 #include "hostile/Messages.h"
 #include "hostile/Mutations.h"
 #include "hostile/Sanitizers.h"
@@ -33,6 +35,14 @@ constexpr Kind kinds[] = {
     {"lines", hostile::mutations::lines, true, false, 1, 3},
     {"long lines", hostile::mutations::longLines, true, false, 1, 5},
 };
+
+template <typename Step>
+std::size_t peakOf(Step const& step)
+{
+    hostile::allocations::Watch const watch;
+    step();
+    return watch.peakBytes();
+}
 
 bool hasTextHeader(Subject const& subject)
 {
@@ -94,8 +104,11 @@ void tst_HostileBytes::damages()
                     [&](QByteArray const& bytes, QByteArray const& what) {
                         if (!trouble.isEmpty())
                             return;
-                        Outcome const first = hostile::read(subject, bytes);
-                        if (!first.fault.isEmpty())
+                        Outcome first;
+                        std::size_t const peak = peakOf([&] { first = hostile::read(subject, bytes); });
+                        if (peak > hostile::allowedPeak(bytes.size()))
+                            trouble = what + ": " + hostile::megabytes(peak).toUtf8();
+                        else if (!first.fault.isEmpty())
                             trouble = what + ": " + first.fault.toUtf8();
                         else if (!(hostile::read(subject, bytes) == first))
                             trouble = what + ": another answer the second time";

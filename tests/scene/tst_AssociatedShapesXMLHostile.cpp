@@ -101,6 +101,8 @@ void tst_AssociatedShapesXMLHostile::refuses_data()
     QTest::newRow("a long text in shapes in shapes")
         << wrapped(QByteArray("<shape>").repeated(400) + QByteArray(1'000'000, 'x') +
                    QByteArray("</shape>").repeated(400));
+    QTest::newRow("100 000 attributes that take a hundred times their bytes")
+        << wrapped(QByteArray("<x y=''/>").repeated(100'000));
     QTest::newRow("an unknown encoding") << "<?xml version='1.0' encoding='x-unheard-of'?>" + wrapped("");
 }
 
@@ -135,7 +137,17 @@ void tst_AssociatedShapesXMLHostile::accepts_data()
     QTest::newRow("default attributes")
         << wrapped("<x/>", doctypeWith("<!ATTLIST x a CDATA 'd' b CDATA \"e\">"));
     QTest::newRow("20 MB of text elsewhere") << wrapped("<x>" + QByteArray(20'000'000, 'x') + "</x>");
-    QTest::newRow("100 000 elements elsewhere") << wrapped(QByteArray("<x y='z'>t</x>").repeated(100'000));
+    QTest::newRow("20 000 elements elsewhere") << wrapped(QByteArray("<x y='z'>t</x>").repeated(20'000));
+    QTest::newRow("5000 shapes and materials")
+        << wrapped("", {})
+               .replace("</shapes>",
+                        QByteArray("<shape materialId='k'>a.stl</shape>").repeated(5000) + "</shapes>")
+               .replace("</materials>",
+                        QByteArray(
+                            "<material id='n' a='' b='' c='' d='' e='' f='' g='' h='' i='' j='' k='' l=''/>")
+                                .repeated(5000) +
+                            "</materials>");
+    QTest::newRow("100 000 plain elements elsewhere") << wrapped(QByteArray("<x>t</x>").repeated(100'000));
 }
 
 void tst_AssociatedShapesXMLHostile::accepts()
