@@ -104,10 +104,8 @@ qint64 xyzBytes(QString const& path, MeshFile const& mesh)
 }
 
 constexpr std::array sources = {
-    MeshSource{"stl"_L1, readStl},
-    MeshSource{"ply"_L1, readPly},
-    MeshSource{"obj"_L1, readObj},
-    MeshSource{"array"_L1, readArrayRecord},
+    MeshSource{"stl"_L1, readStl},        MeshSource{"ply"_L1, readPly},
+    MeshSource{"obj"_L1, readObj},        MeshSource{"array"_L1, readArrayRecord},
     MeshSource{"vmesh"_L1, readBoundary},
 };
 
