@@ -41,6 +41,12 @@ bool passesInspection(Check& check)
     return inspection.code == ExitCode::Ok;
 }
 
+// What is found out about images goes further than what the library says.
+bool isExplained(QString const& message)
+{
+    return message.startsWith("Texture file"_L1) || message.contains("--image-limit"_L1);
+}
+
 // By its suffix, as everybody reads it; with a wrong one there is nothing to be learned from that.
 void checkContent(Check& check)
 {
@@ -50,8 +56,10 @@ void checkContent(Check& check)
     MeshFile file;
     LogCapture const log;
     bool const isRead = source->read(check.source.path, file);
-    for (QString const& message : log.messages())
-        check.findings.add("log"_L1, message);
+    for (QString const& message : log.messages()) {
+        if (!isExplained(message))
+            check.findings.add("log"_L1, message);
+    }
     if (isRead)
         checkMesh(file.mesh, check.findings);
 }
@@ -69,6 +77,14 @@ void checkStl(Check& check)
     if (!passesInspection(check))
         return;
     checkStlFacets(check.source, check.findings);
+    checkContent(check);
+}
+
+void checkPly(Check& check)
+{
+    if (!passesInspection(check))
+        return;
+    checkPlyTexture(check);
     checkContent(check);
 }
 

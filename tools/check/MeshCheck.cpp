@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <numeric>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +24,44 @@ std::vector<Facet> facetsOf(geometry::Mesh const& mesh)
     for (qsizetype i = 0; i + 3 < indices.size(); i += 4)
         facets.push_back({indices[i], indices[i + 1], indices[i + 2]});
     return facets;
+}
+
+// For each vertex the first one at the same place: seams of textures and normals are no gaps.
+std::vector<int> placesOf(QList<QVector3D> const& vertices)
+{
+    auto const key = [&](int vertex) {
+        QVector3D const place = vertices[vertex] + QVector3D(); // no negative zeros
+        return std::array{std::bit_cast<quint32>(place.x()), std::bit_cast<quint32>(place.y()),
+                          std::bit_cast<quint32>(place.z())};
+    };
+    std::vector<int> order(static_cast<std::size_t>(vertices.size()));
+    std::iota(order.begin(), order.end(), 0);
+    std::sort(order.begin(), order.end(),
+              [&](int a, int b) { return std::pair(key(a), a) < std::pair(key(b), b); });
+    std::vector<int> places(order.size());
+    int first = 0;
+    for (int const vertex : order) {
+        if (vertex == order.front() || key(vertex) != key(first))
+            first = vertex;
+        places[static_cast<std::size_t>(vertex)] = first;
+    }
+    return places;
+}
+
+bool hasEqualCorners(Facet const& facet)
+{
+    return facet[0] == facet[1] || facet[1] == facet[2] || facet[2] == facet[0];
+}
+
+// The facets by their places, without those that have two corners at one place; how many these are.
+qint64 joinPlaces(QList<QVector3D> const& vertices, std::vector<Facet>& facets)
+{
+    std::vector<int> const places = placesOf(vertices);
+    for (Facet& facet : facets) {
+        for (int& corner : facet)
+            corner = places[static_cast<std::size_t>(corner)];
+    }
+    return static_cast<qint64>(std::erase_if(facets, hasEqualCorners));
 }
 
 /// An edge with its smaller end first, and whether a facet runs along it the other way.
@@ -112,8 +152,11 @@ void checkVertices(geometry::Mesh const& mesh, Findings& findings)
              u"vertices without a normal"_s, findings);
 }
 
-void checkFacets(std::vector<Facet> const& facets, Findings& findings)
+void checkFacets(geometry::Mesh const& mesh, std::vector<Facet> facets, Findings& findings)
 {
+    if (qint64 const degenerate = joinPlaces(mesh.vertices, facets); degenerate > 0)
+        findings.add("degenerate-facets"_L1, u"%1 facets with two equal corners"_s.arg(degenerate),
+                     u"remove them in a mesh editor: they have no area and no normal"_s);
     EdgeCounts const edges = countEdges(sortedEdges(facets));
     addCount("nonmanifold-edges"_L1, edges.crowded, u"edges with more than two facets"_s, findings);
     addCount("flipped-facets"_L1, edges.flipped, u"edges whose two facets are wound against each other"_s,
@@ -133,7 +176,7 @@ void checkMesh(geometry::Mesh const& given, Findings& findings)
         return;
     }
     checkVertices(mesh, findings);
-    checkFacets(facets, findings);
+    checkFacets(mesh, facets, findings);
 }
 
 } // namespace tool

@@ -1,3 +1,4 @@
+#include "check/Checkers.h"
 #include "inspect/Formats.h"
 #include "obj/ObjReading.h"
 #include "obj/TextLines.h"
@@ -223,6 +224,6 @@ void inspect(Source const& source, Inspection& inspection)
 
 } // namespace
 
-Format const objFormat = {"obj"_L1, "OBJ"_L1, "obj"_L1, recognise, inspect};
+Format const objFormat = {"obj"_L1, "OBJ"_L1, "obj"_L1, recognise, inspect, checkObj};
 
 } // namespace tool

@@ -1,3 +1,4 @@
+#include "check/Checkers.h"
 #include "header/Metadata.h"
 #include "images/ImageFile.h"
 #include "inspect/Bounds.h"
@@ -273,6 +274,6 @@ void inspect(Source const& source, Inspection& inspection)
 
 } // namespace
 
-Format const plyFormat = {"ply"_L1, "PLY"_L1, "ply"_L1, recognise, inspect};
+Format const plyFormat = {"ply"_L1, "PLY"_L1, "ply"_L1, recognise, inspect, checkPly};
 
 } // namespace tool

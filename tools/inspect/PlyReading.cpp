@@ -67,16 +67,17 @@ struct Finding
 {
     ExitCode code = ExitCode::Ok;
     QString sentence;
+    QLatin1StringView problemCode;
 };
 
-Finding malformed(QString const& sentence)
+Finding malformed(QString const& sentence, QLatin1StringView problemCode = {})
 {
-    return {ExitCode::Malformed, sentence};
+    return {ExitCode::Malformed, sentence, problemCode};
 }
 
-Finding unsupported(QString const& sentence)
+Finding unsupported(QString const& sentence, QLatin1StringView problemCode)
 {
-    return {ExitCode::Unsupported, sentence};
+    return {ExitCode::Unsupported, sentence, problemCode};
 }
 
 bool isFine(Finding const& finding)
@@ -99,7 +100,7 @@ Finding judgeLines(HeaderText const& header)
     if (!header.strangeLine.isEmpty())
         return malformed(u"expected a line of a PLY header, found \"%1\""_s.arg(header.strangeLine.left(40)));
     if (header.format == "ascii"_L1)
-        return unsupported(u"is encoded in ASCII; only binary PLY is read"_s);
+        return unsupported(u"is encoded in ASCII; only binary PLY is read"_s, "ply-ascii"_L1);
     if (header.format != "binary_little_endian"_L1 && header.format != "binary_big_endian"_L1)
         return malformed(
             u"expected the format \"binary_little_endian\" or \"binary_big_endian\", found \"%1\""_s.arg(
@@ -113,9 +114,11 @@ Finding judgeProperty(Element const& element, Property const& property)
         return {};
     if (property.isList())
         return unsupported(
-            u"has a list \"%1\"; the only list that is read is \"vertex_indices\""_s.arg(property.name));
+            u"has a list \"%1\"; the only list that is read is \"vertex_indices\""_s.arg(property.name),
+            "ply-properties"_L1);
     return unsupported(
-        u"stores \"%1\" as \"%2\", a type that is read as no bytes"_s.arg(property.name, property.type));
+        u"stores \"%1\" as \"%2\", a type that is read as no bytes"_s.arg(property.name, property.type),
+        "ply-properties"_L1);
 }
 
 Finding judgeElements(HeaderText const& header, QStringList const& log)
@@ -124,7 +127,8 @@ Finding judgeElements(HeaderText const& header, QStringList const& log)
     for (QString const& message : log) {
         if (message.contains("element is not in the expected order"_L1))
             return unsupported(u"has the elements %1; expected vertex, face and velquin_material first, in "
-                               "this order"_s.arg(elementNames(header)));
+                               "this order"_s.arg(elementNames(header)),
+                               "ply-elements"_L1);
     }
     Element const* const vertex = header.element("vertex"_L1);
     if (vertex == nullptr || vertex->properties.size() < leastProperties)
@@ -151,11 +155,12 @@ Finding judgeBody(Source const& source, HeaderText const& header, Reading const&
     qint64 const announced = announcedBytes(header);
     qint64 const held = source.size - header.bodyStart;
     if (QString const corners = polygonCorners(reading.log); !corners.isEmpty())
-        return unsupported(u"has a face of %1 corners; only triangles are read"_s.arg(corners));
+        return unsupported(u"has a face of %1 corners; only triangles are read"_s.arg(corners),
+                           "ply-polygons"_L1);
     if (held < announced)
-        return malformed(missingBytes(announced, held));
+        return malformed(missingBytes(announced, held), "ply-size"_L1);
     if (!reading.success)
-        return malformed(u"a face asks for a vertex that is not there"_s);
+        return malformed(u"a face asks for a vertex that is not there"_s, "ply-bad-index"_L1);
     return {};
 }
 
@@ -163,9 +168,11 @@ Finding judgeUse(HeaderText const& header, Reading const& reading)
 {
     if (reading.isCloud)
         return unsupported(u"holds %1 points and no faces; as a mesh it is not read"_s.arg(
-            header.element("vertex"_L1)->count));
+                               header.element("vertex"_L1)->count),
+                           "ply-points"_L1);
     if (reading.hasFaceColors)
-        return unsupported(u"faces have colours; such a file is read only where they are asked for"_s);
+        return unsupported(u"faces have colours; such a file is read only where they are asked for"_s,
+                           "ply-face-colours"_L1);
     return {};
 }
 
@@ -194,7 +201,7 @@ void judge(Source const& source, HeaderText const& header, Reading const& readin
     if (isFine(finding))
         finding = judgeUse(header, reading);
     if (!isFine(finding))
-        inspection.fail(finding.code, finding.sentence);
+        inspection.fail(finding.code, finding.sentence, finding.problemCode);
 }
 
 } // namespace tool::ply

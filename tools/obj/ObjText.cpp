@@ -191,6 +191,10 @@ private:
             return;
         if (corner.indices[0] == 0)
             text.badIndices.add(lines.number());
+        if (corner.indices[1] != corner.indices[0])
+            text.otherTexture.add(lines.number());
+        if (corner.indices[2] != corner.indices[0])
+            text.otherNormal.add(lines.number());
         text.positionIndices.add(corner.indices[0], lines.number());
         text.textureIndices.add(corner.indices[1], lines.number());
         text.normalIndices.add(corner.indices[2], lines.number());

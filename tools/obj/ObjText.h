@@ -136,6 +136,9 @@ struct ObjText
     Occurrence relative;
     /// A position index that is 0, missing or no number.
     Occurrence badIndices;
+    /// Corners whose texture coordinate or normal has another number than their position.
+    Occurrence otherTexture;
+    Occurrence otherNormal;
     IndexUse positionIndices;
     IndexUse textureIndices;
     IndexUse normalIndices;

@@ -1,0 +1,57 @@
+#include "check/ImageChecks.h"
+
+#include "check/NearestName.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+// Of this system or another: "/home/x/a.png", "C:\scans\a.png", "C:/scans/a.png".
+bool isAbsolute(QString const& name)
+{
+    bool const hasDrive = name.size() > 2 && name[0].isLetter() && name[1] == u':';
+    return hasDrive || name.startsWith(u'/') || name.startsWith("\\\\"_L1);
+}
+
+QString remedyFor(QString const& nearest)
+{
+    return nearest.isEmpty() ? QString()
+                             : u"name \"%1\", if that is meant, and put it beside the scan"_s.arg(nearest);
+}
+
+} // namespace
+
+void checkMissing(QLatin1StringView code, QString const& what, QString const& scanPath, QString const& name,
+                  QString const& place, Findings& findings)
+{
+    QDir const folder = QFileInfo(scanPath).dir();
+    QString const path = folder.absoluteFilePath(name);
+    QString const sentence = place + what + u" \"%1\""_s.arg(name);
+    if (isAbsolute(name))
+        findings.add("absolute-path"_L1, sentence + u" is named by a path from the root of a disk"_s);
+    else if (name.contains(u'\\'))
+        findings.add("backslash-path"_L1, sentence + u" is named with a backslash"_s);
+    findings.add(code, sentence + u" does not exist"_s + nearestNameQuestion(path, folder.path()),
+                 remedyFor(nearestName(path, folder.path())));
+}
+
+void checkImage(QString const& scanPath, QString const& name, ImageFile const& image, QString const& place,
+                Findings& findings)
+{
+    if (!image.isFound)
+        checkMissing("missing-image"_L1, u"the image"_s, scanPath, name, place, findings);
+    else if (!image.isImage())
+        findings.add("no-image"_L1, place + u"\"%1\" is no image that can be read"_s.arg(name));
+    else if (image.isOverLimit())
+        findings.add("image-limit"_L1, place + image.limitProblem(name));
+    if (image.isFound && isAbsolute(name))
+        findings.add("absolute-path"_L1,
+                     place + u"the image \"%1\" is named by a path from the root of a disk"_s.arg(name));
+}
+
+} // namespace tool

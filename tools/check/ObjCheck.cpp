@@ -1,0 +1,181 @@
+#include "LibraryLog.h"
+#include "check/Check.h"
+#include "check/Checkers.h"
+#include "check/ImageChecks.h"
+#include "check/NearestName.h"
+#include "obj/ObjReading.h"
+
+#include <QDir>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+using obj::ImageLine;
+using obj::MtlLibrary;
+using obj::MtlMaterial;
+using obj::ObjText;
+using obj::Occurrence;
+
+// "line 7: a face of 5 corners, and 12 more"
+QString counted(Occurrence const& found, QString const& what)
+{
+    QString const more = found.count > 1 ? u", and %1 more"_s.arg(found.count - 1) : QString();
+    return u"line %1: %2%3"_s.arg(QString::number(found.firstLine), what, more);
+}
+
+struct LineRow
+{
+    Occurrence ObjText::*found;
+    QLatin1StringView code;
+    char const* what;
+};
+
+// What the library reads past without a word, or with one for each line.
+constexpr std::array lineRows = {
+    LineRow{&ObjText::polygons, "obj-polygons"_L1, "a face of more than 4 corners"},
+    LineRow{&ObjText::badNumbers, "obj-bad-numbers"_L1, "a word where a number is expected"},
+    LineRow{&ObjText::tabs, "obj-tabs"_L1, "a tab behind the keyword"},
+    LineRow{&ObjText::continued, "obj-continued-lines"_L1, "a line that goes on in the next"},
+    LineRow{&ObjText::vertexColors, "obj-vertex-colours"_L1, "a vertex with a colour behind its position"},
+};
+
+// What would end the reading, had it not ended before.
+constexpr std::array refusedRows = {
+    LineRow{&ObjText::quads, "obj-quads"_L1, "a face of 4 corners"},
+    LineRow{&ObjText::relative, "obj-relative-indices"_L1, "a face with relative (negative) indices"},
+    LineRow{&ObjText::shortFaces, "obj-short-face"_L1, "a face of fewer than 3 corners"},
+    LineRow{&ObjText::badIndices, "obj-bad-index"_L1, "an index that is 0, missing or no number"},
+    LineRow{&ObjText::shortLines, "obj-short-line"_L1, "too few numbers"},
+};
+
+bool isReported(QLatin1StringView code, Findings const& findings)
+{
+    return std::any_of(findings.all().begin(), findings.all().end(),
+                       [&](Finding const& finding) { return finding.kind->code == code; });
+}
+
+void checkLines(ObjText const& text, bool isRead, Findings& findings)
+{
+    for (LineRow const& row : lineRows) {
+        if (text.*row.found)
+            findings.add(row.code, counted(text.*row.found, QString::fromUtf8(row.what)));
+    }
+    for (LineRow const& row : refusedRows) {
+        if (!isRead && text.*row.found && !isReported(row.code, findings))
+            findings.add(row.code, counted(text.*row.found, QString::fromUtf8(row.what)));
+    }
+}
+
+// The library then takes the i-th normal and the i-th texture coordinate for the i-th position.
+void checkIgnoredIndices(ObjText const& text, Findings& findings)
+{
+    bool const normalsFit = text.normals == 0 || text.normals == text.vertices;
+    bool const texturesFit = text.textureCoordinates == 0 || text.textureCoordinates == text.vertices;
+    if (!normalsFit || !texturesFit)
+        return;
+    if (text.normals > 0 && text.otherNormal)
+        findings.add(
+            "obj-ignored-indices"_L1,
+            counted(text.otherNormal, u"a corner whose normal has another number than its position"_s));
+    if (text.textureCoordinates > 0 && text.otherTexture)
+        findings.add("obj-ignored-indices"_L1,
+                     counted(text.otherTexture,
+                             u"a corner whose texture coordinate has another number than its position"_s));
+}
+
+void checkTextureRange(ObjText const& text, Findings& findings)
+{
+    for (auto const& [axis, range] : {std::pair('u', &text.u), std::pair('v', &text.v)}) {
+        if (range->outside)
+            findings.add("texture-range"_L1,
+                         counted(range->outside, u"%1 lies outside 0 to 1"_s.arg(QLatin1Char(axis))));
+    }
+}
+
+QString placeOf(MtlLibrary const& library, qint64 line)
+{
+    return u"%1, line %2: "_s.arg(library.name, QString::number(line));
+}
+
+void checkImageLine(Check& check, MtlLibrary const& library, ImageLine const& image)
+{
+    QString const place = placeOf(library, image.line);
+    if (!image.image.isFound && !image.options.isEmpty()) {
+        check.findings.add("image-options"_L1,
+                           place + u"the options \"%1\" are taken as part of the name of \"%2\""_s.arg(
+                                       image.options, image.name));
+        return;
+    }
+    checkImage(check.source.path, image.given, image.image, place, check.findings);
+}
+
+void checkMaterial(Check& check, MtlLibrary const& library, MtlMaterial const& material)
+{
+    for (ImageLine const& image : material.images)
+        checkImageLine(check, library, image);
+    if (material.images.size() > 1)
+        check.findings.add(
+            "several-images"_L1,
+            placeOf(library, material.line) +
+                u"the material \"%1\" has %2 images; the last one, \"%3\", becomes its texture"_s
+                    .arg(material.name)
+                    .arg(material.images.size())
+                    .arg(material.images.back().given));
+    if (material.faces == 0)
+        check.findings.add("unused-material"_L1, placeOf(library, material.line) +
+                                                     u"no face has the material \"%1\""_s.arg(material.name));
+}
+
+void checkLibrary(Check& check, MtlLibrary const& library)
+{
+    if (!library.isFound) {
+        checkMissing("missing-library"_L1, u"the material library"_s, check.source.path, library.name,
+                     u"line %1: "_s.arg(library.line), check.findings);
+        return;
+    }
+    for (MtlMaterial const& material : library.materials)
+        checkMaterial(check, library, material);
+    if (library.stopsAt > 0)
+        check.findings.add("library-cut"_L1,
+                           placeOf(library, library.stopsAt) + u"the library is not read from here on"_s);
+}
+
+void checkMaterials(Check& check, obj::Reading const& reading)
+{
+    for (MtlLibrary const& library : reading.tree.libraries)
+        checkLibrary(check, library);
+    for (obj::Names::Entry const& material : reading.tree.undefined)
+        check.findings.add("undefined-material"_L1,
+                           u"%1 faces have the material \"%2\", which no library defines"_s.arg(
+                               QString::number(material.faces), material.name));
+}
+
+} // namespace
+
+void checkObj(Check& check)
+{
+    Inspection inspection;
+    std::optional<obj::Reading> const reading = obj::readFile(check.source.path);
+    if (!reading) {
+        check.findings.fail(ExitCode::ReadOrWriteFailed, "cannot-open"_L1, u"cannot be opened"_s);
+        return;
+    }
+    obj::judge(*reading, inspection);
+    if (inspection.code != ExitCode::Ok)
+        check.findings.fail(inspection.code, inspection.problemCode, inspection.problem);
+    bool const isRead = inspection.code == ExitCode::Ok;
+    checkLines(reading->text, isRead, check.findings);
+    checkIgnoredIndices(reading->text, check.findings);
+    checkTextureRange(reading->text, check.findings);
+    checkMaterials(check, *reading);
+    if (isRead)
+        checkMesh(reading->reader->getMesh(), check.findings);
+}
+
+} // namespace tool
