@@ -8,6 +8,7 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
 import check_includes  # noqa: E402
 import check_sources  # noqa: E402
+import check_tidy  # noqa: E402
 
 
 def tree(folder, files):
@@ -66,6 +67,19 @@ class Sources(unittest.TestCase):
     def test_process(self):
         self.assertEqual(self.hits("std::thread t;", check_sources.PROCESS), 1)
         self.assertEqual(self.hits("thread_local int a;", check_sources.PROCESS), 0)
+
+
+class Tidy(unittest.TestCase):
+    def test_reasons(self):
+        self.assertEqual(check_tidy.exclusions("#   a-b  because\nChecks: >\n  -*,\n  x-*,\n  -a-b,\n  y"), [])
+        self.assertEqual(len(check_tidy.exclusions("Checks: >\n  -*,\n  -a-b,\n  y")), 1)
+        self.assertEqual(len(check_tidy.exclusions("#   a-b  because\nChecks: >\n  -*,\n  y")), 1)
+
+    def test_nolint(self):
+        for good in ("// NOLINT(a-b)", "// NOLINTNEXTLINE(a-b)", "// NOLINTEND(a-b)"):
+            self.assertEqual(check_tidy.bare_nolints("f", good), [])
+        for bad in ("// NOLINT", "// NOLINTNEXTLINE", "// NOLINT: why", "// NOLINT()"):
+            self.assertEqual(len(check_tidy.bare_nolints("f", bad)), 1)
 
 
 if __name__ == "__main__":

@@ -143,10 +143,11 @@ private Q_SLOTS:
         MTModelBoundaryConditions conditions = fullConditions();
         MTModelBoundaryConditions const copy = conditions;
         MTModelBoundaryConditions moved(std::move(conditions));
-        QVERIFY(conditions.pointIndices.isNull() && conditions.values.isNull()); // NOLINT
+        QVERIFY(conditions.pointIndices.isNull() &&
+                conditions.values.isNull()); // NOLINT(bugprone-use-after-move)
         MTModelBoundaryConditions assigned;
         assigned = std::move(moved);
-        QVERIFY(moved.pointIndices.isNull() && moved.values.isNull()); // NOLINT
+        QVERIFY(moved.pointIndices.isNull() && moved.values.isNull()); // NOLINT(bugprone-use-after-move)
         QCOMPARE(assigned.pointIndices, copy.pointIndices);
         QCOMPARE(assigned.values, copy.values);
         QCOMPARE(assigned.numBoundaryConditions, 1);

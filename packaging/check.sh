@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Looks at the packages in a folder: lintian without an error, no run path anywhere, the files where they belong.
+set -euo pipefail
+folder=$(realpath "$1")
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+for deb in "$folder"/*.deb; do
+    dpkg-deb -x "$deb" "$scratch"
+done
+failed=0
+while IFS= read -r file; do
+    if readelf -d "$file" 2>/dev/null | grep -E '\((RPATH|RUNPATH)\)'; then
+        echo "$file has a run path"
+        failed=1
+    fi
+done < <(find "$scratch" -type f \( -name '*.so*' -o -path '*/bin/*' \))
+for file in usr/bin/surfaceio "usr/lib/*/libsurfaceio.so.0" "usr/lib/*/libsurfaceio-inhouse.so.0" \
+    "usr/lib/*/pkgconfig/surfaceio.pc" "usr/lib/*/cmake/SurfaceIO/SurfaceIOConfig.cmake" \
+    usr/include/surfaceio/framework/MeshReader.h usr/share/doc/{surfaceio,libsurfaceio0,libsurfaceio-dev}/copyright; do
+    if ! compgen -G "$scratch/$file" >/dev/null; then
+        echo "no $file in the packages"
+        failed=1
+    fi
+done
+lintian --fail-on error "$folder"/*.deb || failed=1
+exit $failed
