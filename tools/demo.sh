@@ -43,8 +43,18 @@ step "And the points: a line for each vertex of the cleaned mesh"
 run convert --force scan.array from-array.xyz
 agree scan.xyz from-array.xyz
 
+step "The same scan with colours of its vertices, and with a texture"
+run sample --facets "$facets" --force scan.ply
+run sample --facets "$facets" --force scan.obj
+run info scan.obj
+run atlas --force scan.obj --image atlas.png --mesh atlas.ply
+
 step "Pictures"
 run preview --force --output by-tag.png scan.stl
+run preview --force --output by-colour.png scan.ply
+run preview --force --output textured.png scan.obj
+run preview --force --output from-atlas.png atlas.ply
+agree textured.png from-atlas.png
 run preview --force --output by-normal.png --by normal scan.stl
 run preview --force --output sheet.png --sheet --size 384 scan.stl
 

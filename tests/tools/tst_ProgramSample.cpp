@@ -1,5 +1,7 @@
 #include "Program.h"
 #include "StlFiles.h"
+#include "framework/MeshReader.h"
+#include "obj/OBJReader.h"
 #include "stl/STLReader.h"
 #include "stl/STLTagHandler.h"
 
@@ -59,6 +61,62 @@ private Q_SLOTS:
         verify(sample({u"c.stl"_s, u"--facets"_s, u"1000"_s, u"--seed"_s, u"4"_s}), 0, {}, {});
         QVERIFY(readFile(folder->filePath(u"a.stl"_s)) == readFile(folder->filePath(u"b.stl"_s)));
         QVERIFY(readFile(folder->filePath(u"a.stl"_s)) != readFile(folder->filePath(u"c.stl"_s)));
+    }
+
+    void texturedObj()
+    {
+        verify(sample({u"s.obj"_s, u"--facets"_s, u"2000"_s}), 0, {}, {});
+        OBJReader reader;
+        reader.setFileName(folder->filePath(u"s.obj"_s));
+        reader.setTextureSupport(SurfaceReader::TextureRequired);
+        std::atomic<bool> const cancel = false;
+        QVERIFY(reader.read(cancel));
+        QCOMPARE(reader.getMesh().indices.size(), 4 * 2000);
+        QCOMPARE(reader.getMesh().textureCoordinates.size(), reader.getMesh().vertices.size());
+        QCOMPARE(reader.getTexture(), QImage(folder->filePath(u"s.png"_s)));
+        verify(sample({u"s.ply"_s, u"--facets"_s, u"2000"_s}), 0, {}, {});
+        QCOMPARE(reader.getMesh().vertices, MeshReader::read(folder->filePath(u"s.ply"_s))->vertices);
+    }
+
+    // The gum lies at the rims of the image, where it is red rather than white.
+    void textureShowsTheArch()
+    {
+        verify(sample({u"s.obj"_s, u"--facets"_s, u"500"_s}), 0, {}, {});
+        QImage const image(folder->filePath(u"s.png"_s));
+        auto const isRed = [&](int x, int y) {
+            QColor const color = image.pixelColor(x, y);
+            return color.red() - color.green() > 50;
+        };
+        for (int x = 0; x < image.width(); x += 16) {
+            QVERIFY(isRed(x, 0));
+            QVERIFY(isRed(x, image.height() - 1));
+        }
+        int enamel = 0;
+        for (int x = 0; x < image.width(); ++x)
+            enamel += isRed(x, image.height() / 2) ? 0 : 1;
+        QVERIFY(enamel > image.width() / 2);
+    }
+
+    void sameTexturedBytes()
+    {
+        verify(sample({u"a.obj"_s, u"--facets"_s, u"500"_s}), 0, {}, {});
+        QByteArray const image = readFile(folder->filePath(u"a.png"_s));
+        QByteArray const obj = readFile(folder->filePath(u"a.obj"_s));
+        verify(sample({u"a.obj"_s, u"--facets"_s, u"500"_s, u"--force"_s}), 0, {}, {});
+        QVERIFY(readFile(folder->filePath(u"a.png"_s)) == image);
+        QVERIFY(readFile(folder->filePath(u"a.obj"_s)) == obj);
+        verify(sample({u"a.obj"_s, u"--facets"_s, u"500"_s, u"--force"_s, u"--seed"_s, u"2"_s}), 0, {}, {});
+        QVERIFY(readFile(folder->filePath(u"a.png"_s)) != image);
+    }
+
+    void allOfATexturedObjOrNothing()
+    {
+        QVERIFY(support::writeFile(folder->filePath(u"s.mtl"_s), "mine"));
+        verify(sample({u"s.obj"_s, u"--facets"_s, u"500"_s}), 1, {},
+               u"surfaceio: .*s.mtl: exists already; --force replaces it\n"_s);
+        QCOMPARE(QDir(folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList(u"s.mtl"_s));
+        verify(sample({u"a  b.obj"_s, u"--facets"_s, u"500"_s}), 2, {}, u"surfaceio: a  b.obj: .*\n"_s);
     }
 
     void points()

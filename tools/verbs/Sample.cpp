@@ -1,9 +1,11 @@
 #include "Verb.h"
 #include "convert/Conversion.h"
+#include "convert/Suffixes.h"
 #include "framework/ScanMetadata.h"
 #include "output/OutputFile.h"
 #include "sample/DentalArch.h"
 #include "sample/TaggedStl.h"
+#include "texture/SampleObj.h"
 
 #include <CLI/CLI.hpp>
 
@@ -58,11 +60,22 @@ QString writeStl(QString const& path, sample::DentalArch const& arch, Options co
     return output.commit(sample::taggedStlBytes(options.facets));
 }
 
+QString sampleSuffixes()
+{
+    return suffixesOf(meshTargets()) + u", .obj"_s;
+}
+
 ExitCode run(Options const& options, Console& console)
 {
     QString const path = QString::fromStdString(options.out);
+    if (meshTargetFor(path) == nullptr && !hasSuffix(path, "obj"_L1)) {
+        console.failure(path + u": expected one of the suffixes "_s + sampleSuffixes());
+        return ExitCode::Usage;
+    }
     sample::DentalArch const arch =
         sample::makeDentalArch({options.facets, static_cast<quint64>(options.seed)});
+    if (hasSuffix(path, "obj"_L1))
+        return writeSampleObj(path, arch, static_cast<quint64>(options.seed), options.force, console);
     if (QFileInfo(path).suffix().compare("stl"_L1, Qt::CaseInsensitive) != 0)
         return writeMeshFile(path, toMeshFile(arch), options.force, console);
     QString const problem = writeStl(path, arch, options);
@@ -74,8 +87,7 @@ ExitCode run(Options const& options, Console& console)
 Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
-    app.add_option("OUT", options->out, "File to write: " + suffixesOf(meshTargets()).toStdString())
-        ->required();
+    app.add_option("OUT", options->out, "File to write: " + sampleSuffixes().toStdString())->required();
     app.add_option("--facets", options->facets, "How many facets, exactly")
         ->check(CLI::Range(sample::Options::fewestFacets, sample::Options::mostFacets))
         ->capture_default_str();
@@ -93,7 +105,7 @@ Verb const sampleVerb = {
     "Writes a synthetic scan of a lower dental arch, the same on every run; each tooth has its own facet "
     "tag.",
     "  surfaceio sample scan.stl\n"
-    "  surfaceio sample --facets 1000000 --seed 7 large.stl",
+    "  surfaceio sample --facets 1000000 --seed 7 textured.obj",
     setUp,
 };
 
