@@ -8,6 +8,7 @@
 
 #include <array>
 #include <limits>
+#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
@@ -43,6 +44,16 @@ std::size_t tokensThatCount(QByteArrayView line)
     if (first == 'u' || !isAscii)
         return std::numeric_limits<std::size_t>::max();
     return first == 'm' ? library : quadTokens + 1;
+}
+
+void append(QAnyStringView token, QString& text)
+{
+    token.visit([&text](auto view) {
+        if constexpr (std::is_same_v<decltype(view), QUtf8StringView>)
+            text += view.toString();
+        else
+            text += view;
+    });
 }
 
 // The indices of a file count from 1.
@@ -251,7 +262,7 @@ QString OBJReader::parseMaterialName(Tokens const& tokens)
     for (std::size_t i = 1; i < tokens.size(); ++i) {
         if (i > 1)
             name += u' ';
-        name += tokens[i].toString();
+        append(tokens[i], name);
     }
     return name;
 }
