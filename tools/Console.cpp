@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include <array>
+
 #ifdef Q_OS_UNIX
 #include <unistd.h>
 #endif
@@ -28,13 +30,29 @@ bool wantsColour(Console::Colour colour, std::FILE* stream)
 
 constexpr char const* resetStyle = "\x1b[0m";
 
-} // namespace
-
-struct Console::Style
+struct Style
 {
     char const* prefix;
     char const* colour;
 };
+
+// In the order of Message::Kind.
+constexpr std::array styles = {Style{"", "\x1b[31m"}, Style{"warning: ", "\x1b[33m"}, Style{"", ""}};
+
+thread_local MessageCapture* innermostCapture = nullptr;
+
+} // namespace
+
+MessageCapture::MessageCapture()
+    : outer(innermostCapture)
+{
+    innermostCapture = this;
+}
+
+MessageCapture::~MessageCapture()
+{
+    innermostCapture = outer;
+}
 
 ExitCode combined(ExitCode soFar, ExitCode next, bool isOnlyFile)
 {
@@ -71,36 +89,57 @@ void Console::result(QString const& text)
 
 void Console::failure(QString const& sentence)
 {
-    message({"", "\x1b[31m"}, sentence);
+    say({Message::Kind::Failure, sentence});
 }
 
 void Console::warning(QString const& sentence)
 {
-    {
-        std::lock_guard const lock(mutex);
-        ++warnings;
-    }
-    if (!quiet)
-        message({"warning: ", "\x1b[33m"}, sentence);
+    say({Message::Kind::Warning, sentence});
 }
 
 void Console::note(QString const& sentence)
 {
-    if (verbose)
-        message({"", ""}, sentence);
+    say({Message::Kind::Note, sentence});
 }
 
-void Console::message(Style const& style, QString const& sentence)
+void Console::say(Message const& message)
 {
-    QByteArray line = "surfaceio: ";
+    if (innermostCapture != nullptr) {
+        innermostCapture->captured.push_back(message);
+        return;
+    }
+    if (message.kind == Message::Kind::Warning)
+        ++warnings;
+    bool const isShown = message.kind == Message::Kind::Failure ||
+                         (message.kind == Message::Kind::Warning && !quiet) ||
+                         (message.kind == Message::Kind::Note && verbose);
+    if (!isShown)
+        return;
+    Style const& style = styles.at(static_cast<std::size_t>(message.kind));
     bool const isStyled = coloured && *style.colour != '\0';
+    QByteArray line = "surfaceio: ";
     line += isStyled ? style.colour : "";
     line += style.prefix;
-    line += printable(sentence).toUtf8();
+    line += printable(message.sentence).toUtf8();
     line += isStyled ? resetStyle : "";
-    line += '\n';
+    write(line + '\n');
+}
+
+void Console::status(QString const& line)
+{
+    constexpr char const* clearLine = "\r\x1b[K";
+    write(clearLine + printable(line).toUtf8());
+}
+
+bool Console::isInteractive() const
+{
+    return !quiet && isTerminal(results) && isTerminal(messages) && qgetenv("TERM") != "dumb";
+}
+
+void Console::write(QByteArray const& bytes)
+{
     std::lock_guard const lock(mutex);
-    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), messages);
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), messages);
     std::fflush(messages);
 }
 
@@ -121,7 +160,6 @@ void Console::setColour(Colour colour)
 
 int Console::warningCount() const
 {
-    std::lock_guard const lock(mutex);
     return warnings;
 }
 

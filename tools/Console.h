@@ -2,8 +2,10 @@
 
 #include <QString>
 
+#include <atomic>
 #include <cstdio>
 #include <mutex>
+#include <vector>
 
 namespace tool {
 
@@ -33,6 +35,39 @@ ExitCode combined(ExitCode soFar, ExitCode next, bool isOnlyFile);
 /// `text` with control characters (but line feeds) replaced, so that a file name cannot steer a terminal.
 QString printable(QString const& text);
 
+/// A sentence for the user.
+struct Message
+{
+    enum class Kind
+    {
+        Failure,
+        Warning,
+        Note
+    };
+
+    Kind kind;
+    QString sentence;
+};
+
+/// While it lives, what is said on this thread is kept here and not shown, to be said later, or otherwise.
+/// The innermost capture of a thread gets it.
+class MessageCapture
+{
+public:
+    MessageCapture();
+    ~MessageCapture();
+    MessageCapture(MessageCapture const&) = delete;
+    MessageCapture& operator=(MessageCapture const&) = delete;
+
+    std::vector<Message> const& messages() const { return captured; }
+
+private:
+    friend class Console;
+
+    MessageCapture* outer;
+    std::vector<Message> captured;
+};
+
 /// Where everything is printed: results to stdout, everything else to stderr. All text leaves as UTF-8.
 /// Any thread may print; a line is never torn.
 class Console
@@ -55,6 +90,14 @@ public:
     void warning(QString const& sentence);
     /// "surfaceio: sentence", only when verbose.
     void note(QString const& sentence);
+    /// One of the three.
+    void say(Message const& message);
+
+    /// Shows `line` on the terminal in place of the last one, to be replaced by the next; empty takes it
+    /// away. To be taken away before anything else is printed.
+    void status(QString const& line);
+    /// Whether somebody sees what `status` shows: both streams are terminals that can move back in a line.
+    bool isInteractive() const;
 
     void setQuiet(bool quiet);
     void setVerbose(bool verbose);
@@ -65,8 +108,7 @@ public:
     bool finish();
 
 private:
-    struct Style;
-    void message(Style const& style, QString const& sentence);
+    void write(QByteArray const& bytes);
 
     mutable std::mutex mutex;
     std::FILE* results;
@@ -75,7 +117,7 @@ private:
     bool verbose = false;
     bool coloured = false;
     bool resultsLost = false;
-    int warnings = 0;
+    std::atomic<int> warnings = 0;
 };
 
 } // namespace tool

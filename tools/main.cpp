@@ -1,4 +1,5 @@
 #include "Console.h"
+#include "Interrupt.h"
 #include "LibraryLog.h"
 #include "Verb.h"
 
@@ -44,6 +45,7 @@ void occupyStandardStreams()
 
 void prepareProcess()
 {
+    Interrupt::install();
 #ifdef Q_OS_UNIX
     occupyStandardStreams();
     // A reader that goes away is seen as a failed write.
@@ -160,5 +162,5 @@ int main(int argc, char** argv)
         console.failure(QStringLiteral("the results could not be written to the standard output"));
         code = ExitCode::ReadOrWriteFailed;
     }
-    return static_cast<int>(code);
+    return Interrupt::exitCode() != 0 ? Interrupt::exitCode() : static_cast<int>(code);
 }

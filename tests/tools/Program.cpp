@@ -33,6 +33,11 @@ Outcome run(QString const& command, QStringList const& arguments, QString const&
 
 } // namespace
 
+QString programFile()
+{
+    return QString::fromLocal8Bit(programPath);
+}
+
 Outcome runProgram(QStringList const& arguments, QString const& folder)
 {
     return run(QString::fromLocal8Bit(programPath), arguments, folder);

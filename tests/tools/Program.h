@@ -15,6 +15,9 @@ struct Outcome
     QByteArray standardError;
 };
 
+/// The built program.
+QString programFile();
+
 /// Runs the built program in the folder `folder` and waits for its end.
 Outcome runProgram(QStringList const& arguments, QString const& folder = {});
 

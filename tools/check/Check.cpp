@@ -55,7 +55,7 @@ void checkContent(Check& check)
         return;
     MeshFile file;
     LogCapture const log;
-    bool const isRead = source->read(check.source.path, file);
+    bool const isRead = source->read(check.source.path, file, {});
     for (QString const& message : log.messages()) {
         if (!isExplained(message))
             check.findings.add("log"_L1, message);

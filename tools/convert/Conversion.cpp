@@ -20,34 +20,54 @@ ExitCode fail(ExitCode code, QString const& path, QString const& problem, Consol
 // The readers say little about why they refuse a file; the inspector knows.
 ExitCode failReading(QString const& path, Console& console)
 {
+    if (Interrupt::flag())
+        return ExitCode::Interrupted;
     Inspection const inspection = inspectFile(path);
     if (inspection.code != ExitCode::Ok)
         return fail(inspection.code, path, inspection.problem, console);
     return fail(ExitCode::ReadOrWriteFailed, path, u"could not be read"_s, console);
 }
 
-ExitCode read(QString const& path, MeshFile& file, Console& console)
+ExitCode checkSource(QString const& path, Console& console)
 {
-    MeshSource const* const source = meshSourceFor(path);
-    if (source == nullptr)
+    if (meshSourceFor(path) == nullptr)
         return fail(ExitCode::Usage, path,
                     u"expected one of the suffixes %1"_s.arg(suffixesOf(meshSources())), console);
     if (QString const problem = whyNotRegular(path); !problem.isEmpty())
         return fail(ExitCode::ReadOrWriteFailed, path, problem, console);
-    if (!source->read(path, file))
+    return ExitCode::Ok;
+}
+
+ExitCode read(QString const& path, MeshFile& file, Reading const& reading, Console& console)
+{
+    if (ExitCode const code = checkSource(path, console); code != ExitCode::Ok)
+        return code;
+    if (!meshSourceFor(path)->read(path, file, reading))
         return failReading(path, console);
+    if (reading.cancel) // some readers then tell of a file without facets
+        return ExitCode::Interrupted;
     if (file.mesh.isNull())
         return fail(ExitCode::ReadOrWriteFailed, path, u"holds no facets that could be converted"_s, console);
     return ExitCode::Ok;
 }
 
+ExitCode result(QString const& path, QString const& problem, Console& console)
+{
+    return problem.isEmpty() ? ExitCode::Ok : fail(ExitCode::ReadOrWriteFailed, path, problem, console);
+}
+
+ExitCode checkTarget(QString const& path, Console& console)
+{
+    if (meshTargetFor(path) != nullptr)
+        return ExitCode::Ok;
+    return fail(ExitCode::Usage, path, u"expected one of the suffixes %1"_s.arg(suffixesOf(meshTargets())),
+                console);
+}
+
 ExitCode open(OutputFile& output, QString const& path, bool mayReplace, Console& console)
 {
-    if (meshTargetFor(path) == nullptr)
-        return fail(ExitCode::Usage, path,
-                    u"expected one of the suffixes %1"_s.arg(suffixesOf(meshTargets())), console);
-    QString const problem = output.open(mayReplace);
-    return problem.isEmpty() ? ExitCode::Ok : fail(ExitCode::ReadOrWriteFailed, path, problem, console);
+    ExitCode const code = checkTarget(path, console);
+    return code == ExitCode::Ok ? result(path, output.open(mayReplace), console) : code;
 }
 
 bool losesAlpha(MeshFile const& file)
@@ -82,8 +102,7 @@ ExitCode write(OutputFile& output, QString const& path, MeshFile const& file, Co
     MeshTarget const* const target = meshTargetFor(path);
     if (!target->write(output.temporaryPath(), file))
         return fail(ExitCode::ReadOrWriteFailed, path, u"could not be written"_s, console);
-    QString const problem = output.commit(target->expectedBytes(output.temporaryPath(), file));
-    return problem.isEmpty() ? ExitCode::Ok : fail(ExitCode::ReadOrWriteFailed, path, problem, console);
+    return result(path, output.commit(target->expectedBytes(output.temporaryPath(), file)), console);
 }
 
 } // namespace
@@ -95,10 +114,19 @@ ExitCode convert(Conversion const& conversion, Console& console)
     MeshFile file;
     file.bakesTexture = conversion.bakesTexture;
     if (code == ExitCode::Ok)
-        code = read(conversion.in, file, console);
+        code = read(conversion.in, file, {Interrupt::flag(), conversion.bytesRead}, console);
     if (code == ExitCode::Ok)
         code = change(conversion, file, console);
     return code == ExitCode::Ok ? write(output, conversion.out, file, console) : code;
+}
+
+ExitCode rehearse(Conversion const& conversion, Console& console)
+{
+    ExitCode code = checkTarget(conversion.out, console);
+    if (code == ExitCode::Ok)
+        code =
+            result(conversion.out, OutputFile(conversion.out).targetProblem(conversion.mayReplace), console);
+    return code == ExitCode::Ok ? checkSource(conversion.in, console) : code;
 }
 
 ExitCode writeMeshFile(QString const& path, MeshFile const& file, bool mayReplace, Console& console)

@@ -16,10 +16,16 @@ struct Conversion
     Changes changes = {};
     /// Whether a texture becomes colours of the vertices, or is left out.
     bool bakesTexture = true;
+    /// Told how far the reading is; see `Reading`.
+    std::atomic<qint64>* bytesRead = nullptr;
 };
 
-/// Reads, writes beside the target, checks, and moves into place. Failures and losses go to the console.
+/// Reads, writes beside the target, checks, and moves into place. Failures and losses go to the console; an
+/// interruption is an exit code only.
 ExitCode convert(Conversion const& conversion, Console& console);
+
+/// Whether `convert` would begin, told from the two paths without opening or making anything. Says why not.
+ExitCode rehearse(Conversion const& conversion, Console& console);
 
 /// Writes `file` to `path` with the same care.
 ExitCode writeMeshFile(QString const& path, MeshFile const& file, bool mayReplace, Console& console);

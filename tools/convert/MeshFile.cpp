@@ -29,7 +29,7 @@ QList<QVector3D> toVectors(float const* numbers, int count)
     return vectors;
 }
 
-bool readArrayRecord(QString const& path, MeshFile& file)
+bool readArrayRecord(QString const& path, MeshFile& file, Reading const&)
 {
     int vertexCount = 0;
     int indexCount = 0;
@@ -47,7 +47,7 @@ bool readArrayRecord(QString const& path, MeshFile& file)
 }
 
 // Refused where a row refers to something that is not there; the inspector then says which.
-bool readBoundary(QString const& path, MeshFile& file)
+bool readBoundary(QString const& path, MeshFile& file, Reading const&)
 {
     VolumeFile const volume = readVolumeFile(path);
     if (!volume.problem.isEmpty() || findingsOf(volume).badReferenceCount > 0)

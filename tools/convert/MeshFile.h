@@ -1,5 +1,6 @@
 #pragma once
 
+#include "convert/Reading.h"
 #include "inhouse/data/Material.h"
 #include "inhouse/data/Mesh.h"
 #include "inhouse/data/MeshHeader.h"
@@ -28,8 +29,9 @@ struct MeshSource
 {
     /// Suffixes, separated by spaces.
     QLatin1StringView suffixes;
-    /// False when the file cannot be read; the library has logged what it knows.
-    bool (*read)(QString const& path, MeshFile& file);
+    /// False when the file cannot be read, or when the reading was stopped; the library has logged what it
+    /// knows.
+    bool (*read)(QString const& path, MeshFile& file, Reading const& reading);
 };
 
 /// One kind of file that can be written.

@@ -1,6 +1,5 @@
 #include "convert/ScanFiles.h"
 
-#include "framework/MeshReader.h"
 #include "header/Metadata.h"
 #include "images/LargeImages.h"
 #include "inhouse/data/Unstrip.h"
@@ -8,6 +7,7 @@
 #include "obj/OBJReader.h"
 #include "ply/PLYReader.h"
 #include "ply/PLYWriter.h"
+#include "stl/STLReader.h"
 #include "stl/STLWriter.h"
 
 #include <QDebug>
@@ -50,13 +50,14 @@ void warnIfCut(QString const& path)
             << u"%1: %2 bytes are missing at its end; what is there was read"_s.arg(path).arg(missing);
 }
 
-bool readWithTexture(SurfaceReader& reader, QString const& path, MeshFile& file)
+// `read` has the reader read the file.
+template <typename Read>
+bool readWithTexture(SurfaceReader& reader, QString const& path, MeshFile& file, Read const& read)
 {
-    std::atomic<bool> const cancel = false;
     reader.setFileName(path);
     reader.setTextureSupport(file.bakesTexture ? SurfaceReader::VertexColorsOptional
                                                : SurfaceReader::TextureOptional);
-    if (!readNamingImages(path, [&] { return reader.read(cancel); }))
+    if (!readNamingImages(path, read))
         return false;
     file.mesh = reader.getMesh();
     file.mesh.textureCoordinates.clear();
@@ -71,12 +72,13 @@ bool isPlain(QString const& text)
 
 } // namespace
 
-bool readStl(QString const& path, MeshFile& file)
+bool readStl(QString const& path, MeshFile& file, Reading const& reading)
 {
-    utility::Optional<geometry::Mesh> const mesh = MeshReader::read(path);
-    if (!mesh)
+    CountedFile in(path, reading);
+    STLReader reader(nullptr, false, path);
+    if (!reader.read(&in, reading.cancel))
         return false;
-    file.mesh = *mesh;
+    file.mesh = reader.getMesh();
     readMetadata(path, readStlMetadata, file);
     return true;
 }
@@ -97,10 +99,11 @@ qint64 stlBytes(QString const&, MeshFile const& file)
     return 84 + 50 * triangles(file);
 }
 
-bool readPly(QString const& path, MeshFile& file)
+bool readPly(QString const& path, MeshFile& file, Reading const& reading)
 {
+    CountedFile in(path, reading);
     PLYReader reader(PLYReader::MeshMode);
-    if (!readWithTexture(reader, path, file))
+    if (!readWithTexture(reader, path, file, [&] { return reader.read(&in, reading.cancel); }))
         return false;
     file.material = reader.getMaterial();
     readMetadata(path, readPlyMetadata, file);
@@ -108,10 +111,13 @@ bool readPly(QString const& path, MeshFile& file)
     return true;
 }
 
-bool readObj(QString const& path, MeshFile& file)
+// Only the reading of a device can be stopped.
+bool readObj(QString const& path, MeshFile& file, Reading const& reading)
 {
+    CountedFile in(path, reading);
     OBJReader reader;
-    return readWithTexture(reader, path, file);
+    return readWithTexture(reader, path, file,
+                           [&] { return reader.read(&in, reading.cancel) == OBJReader::NoError; });
 }
 
 bool writePly(QString const& path, MeshFile const& file)

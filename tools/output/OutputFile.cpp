@@ -64,7 +64,7 @@ OutputFile::OutputFile(QString const& target_)
         target = file.canonicalFilePath();
 }
 
-QString OutputFile::targetProblem() const
+QString OutputFile::targetProblem(bool mayReplace_) const
 {
     QFileInfo const file(target);
     if (file.isSymLink() && !file.exists())
@@ -73,7 +73,7 @@ QString OutputFile::targetProblem() const
         return u"is a folder"_s;
     if (file.exists() && !file.isFile())
         return u"is a pipe, socket or device, and is not replaced"_s;
-    if (file.exists() && !mayReplace)
+    if (file.exists() && !mayReplace_)
         return u"exists already; --force replaces it"_s;
     return {};
 }
@@ -81,12 +81,13 @@ QString OutputFile::targetProblem() const
 QString OutputFile::open(bool mayReplace_)
 {
     mayReplace = mayReplace_;
-    if (QString problem = targetProblem(); !problem.isEmpty())
+    if (QString problem = targetProblem(mayReplace); !problem.isEmpty())
         return problem;
     QFileInfo const file(target);
     QString const parent = file.absolutePath();
     if (!QFileInfo(parent).isDir())
         return u"the folder \"%1\" does not exist"_s.arg(parent);
+    deferral.emplace();
     folder.emplace(parent + "/.surfaceio-XXXXXX"_L1);
     if (!folder->isValid())
         return u"the folder \"%1\" cannot be written to: %2"_s.arg(parent, folder->errorString());
@@ -106,7 +107,9 @@ QString OutputFile::commit(qint64 expectedBytes)
         problem = store(written);
     // The target may have changed while the file was written.
     if (problem.isEmpty())
-        problem = targetProblem();
+        problem = targetProblem(mayReplace);
+    if (problem.isEmpty() && Interrupt::flag())
+        problem = u"interrupted; nothing was written"_s;
     if (!problem.isEmpty())
         return problem;
     if (QFileInfo::exists(target))

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Interrupt.h"
+
 #include <QString>
 #include <QTemporaryDir>
 
@@ -21,18 +23,21 @@ public:
     /// false, it is no regular file, or its folder does not exist or does not let us.
     QString open(bool mayReplace);
 
+    /// Why `open` would refuse the target itself; empty when it would not. Touches nothing.
+    QString targetProblem(bool mayReplace) const;
+
     /// Where to write; after `open`.
     QString temporaryPath() const;
 
     /// Has the system store the written file, checks that it holds `expectedBytes` bytes (any number but 0
-    /// when negative), and renames it to the target. Empty, or what went wrong.
+    /// when negative), and renames it to the target. Empty, or what went wrong, an interruption included.
     QString commit(qint64 expectedBytes);
 
 private:
-    QString targetProblem() const;
-
     QString target;
     bool mayReplace = false;
+    // Declared first, so that it outlives the folder.
+    std::optional<Interrupt::Deferral> deferral;
     std::optional<QTemporaryDir> folder;
 };
 

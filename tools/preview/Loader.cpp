@@ -22,8 +22,7 @@ bool loadStl(QString const& path, Model& model)
 {
     UseAllTagsHandler const handler;
     STLReader reader(&handler, false, path);
-    std::atomic<bool> const cancel = false;
-    if (!reader.read(cancel))
+    if (!reader.read(Interrupt::flag()))
         return false;
     for (STLSurfaceData* const data : reader.takeSTLSurfaceDataSets()) {
         std::unique_ptr<STLSurfaceData> const owner(data);
@@ -38,8 +37,7 @@ bool loadFrom(SurfaceReader& reader, QString const& path, Model& model)
 {
     reader.setFileName(path);
     reader.setTextureSupport(SurfaceReader::TextureOptional);
-    std::atomic<bool> const cancel = false;
-    if (!readNamingImages(path, [&] { return reader.read(cancel); }))
+    if (!readNamingImages(path, [&] { return reader.read(Interrupt::flag()); }))
         return false;
     model.surfaces.push_back({geometry::unstrip(reader.getMesh()), reader.getTexture()});
     return true;
@@ -61,7 +59,7 @@ bool loadAnyMesh(QString const& path, Model& model)
 {
     MeshSource const* const source = meshSourceFor(path);
     MeshFile file;
-    if (source == nullptr || !source->read(path, file))
+    if (source == nullptr || !source->read(path, file, {}))
         return false;
     model.surfaces.push_back({geometry::unstrip(file.mesh), {}});
     return true;

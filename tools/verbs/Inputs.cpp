@@ -5,12 +5,15 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QSet>
+
+using namespace Qt::StringLiterals;
 
 namespace tool {
 
 namespace {
 
-QStringList filesBelow(QString const& folder, QStringList const& suffixes)
+std::vector<Input> filesBelow(QString const& folder, QStringList const& suffixes)
 {
     QStringList files;
     // Links to folders are not followed: they may lead back here.
@@ -21,37 +24,83 @@ QStringList filesBelow(QString const& folder, QStringList const& suffixes)
             files << path;
     }
     files.sort();
-    return files;
+    std::vector<Input> inputs;
+    for (QString const& path : files) {
+        QString const below = QDir(folder).relativeFilePath(QFileInfo(path).absolutePath());
+        inputs.push_back({path, below == "."_L1 ? QString() : below});
+    }
+    return inputs;
+}
+
+bool isPattern(QString const& text)
+{
+    return text.contains(u'*') || text.contains(u'?');
+}
+
+QStringList entriesLike(QString const& folder, QString const& pattern, QDir::Filters kind)
+{
+    QString const prefix = folder.isEmpty() || folder.endsWith(u'/') ? folder : folder + u'/';
+    if (!isPattern(pattern))
+        return {prefix + pattern};
+    QStringList paths;
+    QDir const where(folder.isEmpty() ? u"."_s : folder);
+    for (QString const& name : where.entryList({pattern}, kind | QDir::NoDotAndDotDot, QDir::Name))
+        paths << prefix + name;
+    return paths;
 }
 
 QStringList filesLike(QString const& pattern)
 {
-    QFileInfo const info(pattern);
-    QDir const folder = info.dir();
+    QStringList parts = pattern.split(u'/');
+    QString const last = parts.takeLast();
+    QStringList folders = {pattern.startsWith(u'/') ? u"/"_s : QString()};
+    for (QString const& part : parts) {
+        QStringList next;
+        for (QString const& folder : folders)
+            next << (part.isEmpty() ? QStringList(folder) : entriesLike(folder, part, QDir::Dirs));
+        folders = next;
+    }
     QStringList files;
-    for (QString const& name : folder.entryList({info.fileName()}, QDir::Files, QDir::Name))
-        files << (pattern.contains(u'/') ? folder.filePath(name) : name);
+    for (QString const& folder : folders)
+        files << entriesLike(folder, last, QDir::Files);
     return files;
 }
 
-QStringList expanded(QString const& argument, QStringList const& suffixes)
+std::vector<Input> expanded(QString const& argument, QStringList const& suffixes)
 {
     QFileInfo const info(argument);
     if (info.isDir())
         return filesBelow(argument, suffixes);
-    bool const isPattern = !info.exists() && (argument.contains(u'*') || argument.contains(u'?'));
-    QStringList const files = isPattern ? filesLike(argument) : QStringList();
-    return files.isEmpty() ? QStringList(argument) : files;
+    std::vector<Input> inputs;
+    if (!info.exists() && isPattern(argument)) {
+        for (QString const& path : filesLike(argument))
+            if (QFileInfo(path).isFile())
+                inputs.push_back({path, {}});
+    }
+    return inputs.empty() ? std::vector{Input{argument, {}}} : inputs;
 }
 
 } // namespace
 
+std::vector<Input> inputsIn(std::vector<std::string> const& arguments, QStringList const& suffixes)
+{
+    std::vector<Input> inputs;
+    QSet<QString> known;
+    for (std::string const& argument : arguments) {
+        for (Input& input : expanded(QDir::cleanPath(QString::fromStdString(argument)), suffixes)) {
+            if (!known.contains(input.path))
+                inputs.push_back(input);
+            known.insert(input.path);
+        }
+    }
+    return inputs;
+}
+
 QStringList filesIn(std::vector<std::string> const& arguments, QStringList const& suffixes)
 {
     QStringList files;
-    for (std::string const& argument : arguments)
-        files << expanded(QDir::cleanPath(QString::fromStdString(argument)), suffixes);
-    files.removeDuplicates();
+    for (Input const& input : inputsIn(arguments, suffixes))
+        files << input.path;
     return files;
 }
 

@@ -7,9 +7,21 @@
 
 namespace tool {
 
+/// A file that an argument stands for.
+struct Input
+{
+    QString path;
+    /// Its folder below the one that was named, "" for one that was named itself or lies in it directly.
+    QString subfolder;
+};
+
 /// The files that the arguments of a verb stand for, in their order: a folder stands for the files below it
 /// whose suffix is one of `suffixes`, sorted by path; a pattern with * or ? that no shell has expanded for
-/// those in its folder that fit; anything else for itself, whether it exists or not. Each file is named once.
+/// those that fit, folders in the pattern included; anything else for itself, whether it exists or not. Each
+/// file is named once.
+std::vector<Input> inputsIn(std::vector<std::string> const& arguments, QStringList const& suffixes);
+
+/// Their paths only.
 QStringList filesIn(std::vector<std::string> const& arguments, QStringList const& suffixes);
 
 /// The same with the suffixes of every format that is known.
