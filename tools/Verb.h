@@ -23,16 +23,20 @@ struct Verb
     char const* examples;
     /// Adds the verb's options; the action keeps what they are stored in.
     Action (*setUp)(CLI::App& options);
+    /// Not listed in the help.
+    bool isHidden = false;
 };
 
 extern Verb const atlasVerb;
 extern Verb const bakeVerb;
 extern Verb const bundleVerb;
 extern Verb const checkVerb;
+extern Verb const completionVerb;
 extern Verb const convertVerb;
 extern Verb const formatsVerb;
 extern Verb const headerVerb;
 extern Verb const infoVerb;
+extern Verb const manualVerb;
 extern Verb const previewVerb;
 extern Verb const sampleVerb;
 extern Verb const tagsVerb;

@@ -2,8 +2,7 @@
 #include "Interrupt.h"
 #include "LibraryLog.h"
 #include "Verb.h"
-
-#include <CLI/CLI.hpp>
+#include "verbs/Choices.h"
 
 #include <QCoreApplication>
 
@@ -20,8 +19,9 @@ namespace {
 using namespace tool;
 
 // One row for each verb, in the order of the help.
-constexpr std::array verbs = {&infoVerb,   &checkVerb, &convertVerb, &bakeVerb,    &atlasVerb, &previewVerb,
-                              &headerVerb, &tagsVerb,  &sampleVerb,  &formatsVerb, &bundleVerb};
+constexpr std::array verbs = {&infoVerb,    &checkVerb,      &convertVerb, &bakeVerb,   &atlasVerb,
+                              &previewVerb, &headerVerb,     &tagsVerb,    &sampleVerb, &formatsVerb,
+                              &bundleVerb,  &completionVerb, &manualVerb};
 
 struct CommonOptions
 {
@@ -60,7 +60,7 @@ void addCommonOptions(CLI::App& verb, CommonOptions& common)
     verb.add_flag("-v,--verbose", common.verbose, "Show more of what is done, on stderr")->group(group);
     verb.add_flag("--strict", common.strict, "Exit with 5 when all went well but for warnings")->group(group);
     verb.add_option("--color", common.colour, "Colour messages: auto, always or never")
-        ->check(CLI::IsMember(std::vector<std::string>{"auto", "always", "never"}).description(""))
+        ->check(oneOf({"auto", "always", "never"}))
         ->type_name("WHEN")
         ->group(group);
 }
@@ -76,6 +76,8 @@ Verb::Action addVerb(CLI::App& program, Verb const& verb, CommonOptions& common)
 {
     std::string const description = std::string(verb.purpose) + "\n\nExamples:\n" + verb.examples;
     CLI::App* const options = program.add_subcommand(verb.name, description);
+    if (verb.isHidden)
+        options->group("");
     Verb::Action action = verb.setUp(*options);
     addCommonOptions(*options, common);
     return action;

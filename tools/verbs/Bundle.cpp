@@ -1,5 +1,6 @@
 #include "Verb.h"
 #include "bundle/BundleWork.h"
+#include "verbs/Choices.h"
 #include "verbs/SubVerbs.h"
 
 #include <CLI/CLI.hpp>
@@ -53,7 +54,7 @@ void addMaterialOption(CLI::App& packer, Options& options)
     packer
         .add_option("--material", options.material,
                     "How the meshes look: own (what a PLY file says), default, metal or distractor")
-        ->check(CLI::IsMember(names).description(""))
+        ->check(oneOf(names))
         ->capture_default_str();
 }
 

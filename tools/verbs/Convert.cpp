@@ -5,6 +5,7 @@
 #include "convert/Plan.h"
 #include "convert/Suffixes.h"
 #include "images/ImageLimit.h"
+#include "verbs/Choices.h"
 #include "verbs/Inputs.h"
 
 #include <CLI/CLI.hpp>
@@ -207,7 +208,7 @@ void addBatchOptions(CLI::App& app, Options& options)
         app.add_option("--to", options.suffix,
                        "Convert every FILE to this suffix: " + CLI::detail::join(suffixes))
             ->type_name("SUFFIX")
-            ->check(CLI::IsMember(suffixes).description(""));
+            ->check(oneOf(suffixes));
     app.add_option("-d,--directory", options.directory,
                    "With --to: where the files go; beside each when not given")
         ->type_name("FOLDER")
@@ -242,10 +243,10 @@ Verb::Action setUp(CLI::App& app)
     addBatchOptions(app, *options);
     app.add_flag("--alpha", options->alpha, "PLY: write the alpha of colours");
     app.add_option("--material", options->material, "PLY: write a material, metal or distractor")
-        ->check(CLI::IsMember(std::vector<std::string>{"metal", "distractor"}).description(""));
+        ->check(oneOf({"metal", "distractor"}));
     app.add_option("--texture", options->texture,
                    "OBJ, PLY: what becomes of a texture; bake makes it colours, none leaves it out")
-        ->check(CLI::IsMember(std::vector<std::string>{"bake", "none"}).description(""))
+        ->check(oneOf({"bake", "none"}))
         ->capture_default_str();
     addScanOptions(app, *options);
     addImageLimitOption(app);

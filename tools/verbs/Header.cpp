@@ -3,6 +3,7 @@
 #include "inspect/Format.h"
 #include "inspect/MetadataRecord.h"
 #include "output/OutputFile.h"
+#include "verbs/Choices.h"
 #include "verbs/SubVerbs.h"
 
 #include <CLI/CLI.hpp>
@@ -151,8 +152,7 @@ void addFields(CLI::App& verb, Options& options)
 {
     verb.add_option("--scanner-name", options.scannerName)->check(wrongLine, "");
     verb.add_option("--scanner-serial", options.scannerSerial)->check(wrongLine, "");
-    verb.add_option("--imported", options.imported, "yes or no")
-        ->check(CLI::IsMember(std::vector<std::string>{"yes", "no"}).description(""));
+    verb.add_option("--imported", options.imported, "yes or no")->check(oneOf({"yes", "no"}));
     verb.add_option("--software-version", options.softwareVersion)->check(wrongLine, "");
     verb.add_option("--date", options.date, "Date of acquisition, yyyy-mm-dd")->check(wrongDate, "");
 }

@@ -5,6 +5,7 @@
 #include "output/OutputFile.h"
 #include "preview/Loader.h"
 #include "preview/Sheet.h"
+#include "verbs/Choices.h"
 
 #include <CLI/CLI.hpp>
 
@@ -123,10 +124,10 @@ Verb::Action setUp(CLI::App& app)
         ->check(CLI::Range(16, 4096))
         ->capture_default_str();
     app.add_option("--view", options->view, "Where to look from: front, occlusal, left, right or iso")
-        ->check(CLI::IsMember(viewNames()).description(""))
+        ->check(oneOf(viewNames()))
         ->capture_default_str();
     app.add_option("--by", options->by, "What colours it: auto, tag, colour or normal")
-        ->check(CLI::IsMember(colouringNames()).description(""))
+        ->check(oneOf(colouringNames()))
         ->capture_default_str();
     app.add_flag("--sheet", options->sheet, "All views on one picture");
     app.add_flag("--force", options->force, "Replace the picture when it exists");
