@@ -1,3 +1,4 @@
+#include "Report.h"
 #include "tags/FacetFile.h"
 #include "tags/TagWork.h"
 
@@ -47,6 +48,20 @@ Problem write(FacetFile& file, QByteArrayView facets, QByteArray const& header, 
     return file.finish();
 }
 
+void printFiles(Files const& files, bool json, Console& console)
+{
+    Table table;
+    table.columns = {{"path"_L1, {}}, {"facets"_L1, {}}};
+    QString text;
+    for (auto const& file : files) {
+        table.rows.push_back({file->path(), file->facets()});
+        text += u"%1\t%2\n"_s.arg(printable(file->path()), QString::number(file->facets()));
+    }
+    Report report;
+    report.add("files"_L1, {}, std::move(table));
+    console.result(json ? report.json("surfaceio.split/1"_L1) : text);
+}
+
 ExitCode writeAll(Parts const& parts, TaggedFile const& source, SplitOptions const& options, Console& console)
 {
     Files files;
@@ -58,8 +73,8 @@ ExitCode writeAll(Parts const& parts, TaggedFile const& source, SplitOptions con
     for (auto const& file : files) {
         if (Problem const problem = file->commit())
             return reported(problem, file->path(), console);
-        console.result(u"%1\t%2\n"_s.arg(printable(file->path()), QString::number(file->facets())));
     }
+    printFiles(files, options.json, console);
     return ExitCode::Ok;
 }
 

@@ -13,6 +13,7 @@ struct SplitOptions
     QString pattern;
     QString directory;
     bool mayReplace = false;
+    bool json = false;
 };
 
 /// Writes the facets of each tag to a file of its own; tags that get the same name go to the same file.

@@ -52,7 +52,7 @@ ExitCode list(Options const& options, Console& console)
 ExitCode split(Options const& options, Console& console)
 {
     return tags::split({QString::fromStdString(options.in), QString::fromStdString(options.pattern),
-                        QString::fromStdString(options.directory), options.force},
+                        QString::fromStdString(options.directory), options.force, options.json},
                        console);
 }
 
@@ -86,6 +86,7 @@ void addSplit(SubVerbs& verbs, std::shared_ptr<Options> const& options)
     verb.add_option("--pattern", options->pattern, "Name of each file, from {name}, {tag} and {subTag}")
         ->capture_default_str();
     verb.add_option("-d,--directory", options->directory, "Where the files go")->capture_default_str();
+    verb.add_flag("--json", options->json, "Print the names as JSON, schema surfaceio.split/1");
     verb.add_flag("--force", options->force, "Replace files that exist");
 }
 
