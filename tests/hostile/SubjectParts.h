@@ -1,9 +1,13 @@
 #pragma once
 
+#include "framework/SurfaceReader.h"
 #include "hostile/Subjects.h"
 
 /// The subjects of each format.
 namespace hostile {
+
+Subject plyFor();
+Subject objFor(SurfaceReader::TextureSupport policy, QString const& path);
 
 void addPly(std::vector<Subject>& list);
 void addObj(std::vector<Subject>& list);

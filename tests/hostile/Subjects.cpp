@@ -1,6 +1,7 @@
 #include "hostile/Subjects.h"
 
 #include "framework/MeshReader.h"
+#include "hostile/Attempt.h"
 #include "hostile/QuickFolder.h"
 #include "hostile/Seeds.h"
 #include "hostile/SubjectParts.h"
@@ -34,18 +35,18 @@ Subject stl(QByteArray const& name, QByteArray const& seed, STLTagHandler const*
     subject.isText = seed.startsWith("solid");
     subject.fromBytes = [=](QByteArray const& bytes, std::atomic<bool> const& cancel) {
         STLReader reader(handler, sharpEdges, {});
-        bool const success = reader.read(bytes, cancel);
-        return inspectStl(reader, success);
+        return attempt([&] { return reader.read(bytes, cancel); },
+                       [&](bool success) { return inspectStl(reader, success); });
     };
     subject.fromDevice = [=](QIODevice& device, std::atomic<bool> const& cancel) {
         STLReader reader(handler, sharpEdges, {});
-        bool const success = reader.read(&device, cancel);
-        return inspectStl(reader, success);
+        return attempt([&] { return reader.read(&device, cancel); },
+                       [&](bool success) { return inspectStl(reader, success); });
     };
     subject.fromFile = [=](QString const& path, std::atomic<bool> const& cancel) {
         STLReader reader(handler, sharpEdges, path);
-        bool const success = reader.read(cancel);
-        return inspectStl(reader, success);
+        return attempt([&] { return reader.read(cancel); },
+                       [&](bool success) { return inspectStl(reader, success); });
     };
     return subject;
 }
@@ -62,36 +63,60 @@ void addStl(std::vector<Subject>& list)
     list.push_back(stl("stl-binary-all", seeds::stlBinary(), &all, false));
 }
 
-Outcome readRecord(QString const& path, std::atomic<bool> const&)
+// The outputs of the call, owned.
+struct Record
 {
     int vertexCount = -1;
     int indexCount = -1;
+    std::unique_ptr<float[]> vertices;
+    std::unique_ptr<float[]> normals;
+    std::unique_ptr<int[]> indices;
+    bool success = false;
+};
+
+Record takeRecord(QString const& path)
+{
+    Record record;
     float* vertices = nullptr;
     float* normals = nullptr;
     int* indices = nullptr;
-    bool const success = MeshReader::read(path, &vertexCount, &vertices, &normals, &indexCount, &indices);
-    std::unique_ptr<float[]> const ownVertices(vertices);
-    std::unique_ptr<float[]> const ownNormals(normals);
-    std::unique_ptr<int[]> const ownIndices(indices);
+    record.success =
+        MeshReader::read(path, &record.vertexCount, &vertices, &normals, &record.indexCount, &indices);
+    record.vertices.reset(vertices);
+    record.normals.reset(normals);
+    record.indices.reset(indices);
+    return record;
+}
+
+Outcome inspectRecord(Record const& record)
+{
+    bool const isSet = record.vertexCount >= 0 && record.indexCount >= 0 && record.vertices &&
+                       record.normals && record.indices;
     return Inspection()
-        .require(success == (vertexCount >= 0 && indexCount >= 0 && vertices && normals && indices),
-                 "outputs")
-        .array(vertices, qint64(3) * vertexCount)
-        .array(normals, qint64(3) * vertexCount)
-        .array(indices, indexCount)
-        .outcome(success ? 1 : 0);
+        .require(record.success == isSet, "outputs")
+        .array(record.vertices.get(), qint64(3) * record.vertexCount)
+        .array(record.normals.get(), qint64(3) * record.vertexCount)
+        .array(record.indices.get(), record.indexCount)
+        .outcome(record.success ? 1 : 0);
+}
+
+Outcome readRecord(QString const& path, std::atomic<bool> const&)
+{
+    return attempt([&] { return takeRecord(path); }, inspectRecord);
 }
 
 Outcome readFacade(QString const& path, std::atomic<bool> const&)
 {
-    geometry::Mesh const none;
-    auto const mesh = MeshReader::read(path);
-    Inspection inspection;
-    if (path.endsWith(u".obj"_s))
-        inspection.objReader(mesh.value_or(none));
-    else
-        inspection.reader(mesh.value_or(none));
-    return inspection.outcome(mesh ? 1 : 0);
+    return attempt([&] { return MeshReader::read(path); },
+                   [&](utility::Optional<geometry::Mesh> const& mesh) {
+                       geometry::Mesh const none;
+                       Inspection inspection;
+                       if (path.endsWith(u".obj"_s))
+                           inspection.objReader(mesh.value_or(none));
+                       else
+                           inspection.reader(mesh.value_or(none));
+                       return inspection.outcome(mesh ? 1 : 0);
+                   });
 }
 
 void addFacade(std::vector<Subject>& list)
@@ -135,6 +160,17 @@ std::vector<Subject> subjectsOf(QByteArrayView format)
         if (subject.name.startsWith(format))
             chosen.push_back(subject);
     return chosen;
+}
+
+Subject subjectFor(QByteArray const& format, QString const& path)
+{
+    if (format == "stl")
+        return stl("stl", {}, nullptr, false);
+    if (format == "ply")
+        return plyFor();
+    return objFor(format == "obj-textured" ? SurfaceReader::TextureOptional
+                                           : SurfaceReader::VertexColorsOptional,
+                  path);
 }
 
 Outcome read(Subject const& subject, QByteArray const& bytes)

@@ -34,6 +34,10 @@ std::vector<Subject> const& subjects();
 /// Those whose name begins with `format`.
 std::vector<Subject> subjectsOf(QByteArrayView format);
 
+/// How the file at `path` is read in one of the formats "stl", "ply", "obj-textured" (texture kept) and
+/// "obj-colored". Its material and texture files are those beside it, however the bytes come.
+Subject subjectFor(QByteArray const& format, QString const& path);
+
 /// Reads `bytes` in the most direct way that the subject has.
 Outcome read(Subject const& subject, QByteArray const& bytes);
 /// The path of a new file of these bytes, with the subject's suffix, which the next call replaces.

@@ -1,3 +1,4 @@
+#include "hostile/Attempt.h"
 #include "hostile/Seeds.h"
 #include "hostile/SubjectParts.h"
 #include "inhouse/data/ShapeNodeIO.h"
@@ -63,8 +64,8 @@ Outcome inspect(MTModelBoundaryConditions const& conditions, bool success)
 Outcome readVMesh(QString const& path, std::atomic<bool> const&)
 {
     MTModelVMeshParser parser(path);
-    bool const success = parser.read();
-    return inspect(parser.getVMesh(), success);
+    return attempt([&] { return parser.read(); },
+                   [&](bool success) { return inspect(parser.getVMesh(), success); });
 }
 
 // The step below `read`, which clears what a failure leaves.
@@ -80,8 +81,8 @@ Outcome walkVMesh(QIODevice& device, std::atomic<bool> const&)
 Outcome readConditions(QString const& path, std::atomic<bool> const&)
 {
     MTModelBoundaryConditionsParser parser(path);
-    bool const success = parser.read();
-    return inspect(parser.getBoundaryConditions(), success);
+    return attempt([&] { return parser.read(); },
+                   [&](bool success) { return inspect(parser.getBoundaryConditions(), success); });
 }
 
 Outcome walkConditions(QIODevice& device, std::atomic<bool> const&)
@@ -134,43 +135,47 @@ void addShapes(std::vector<Subject>& list)
     tree.equivalent = [](QByteArray const& bytes) { return bytes; };
     tree.fromDevice = readTreeFrom;
     tree.fromFile = [](QString const& path, std::atomic<bool> const&) {
-        return inspect(ShapeNodeIOHelper::read(path, QVersionNumber(2, 0), false).get());
+        return attempt([&] { return ShapeNodeIOHelper::read(path, QVersionNumber(2, 0), false); },
+                       [](std::unique_ptr<geometry::ShapeNode> const& root) { return inspect(root.get()); });
     };
     list.push_back(tree);
 
     Subject shape{"shapetree-shape", "shape", seeds::shape()};
     shape.fromFile = [](QString const& path, std::atomic<bool> const&) {
-        return inspect(ShapeNodeIOHelper::readShape(path).get());
+        return attempt([&] { return ShapeNodeIOHelper::readShape(path); },
+                       [](std::unique_ptr<geometry::Shape> const& read) { return inspect(read.get()); });
     };
     list.push_back(shape);
 }
 
+// The materials are never forgotten: those of the last read stand at the end.
 Outcome inspect(AssociatedShapesXMLReader& reader, bool success)
 {
     Inspection inspection;
     QList<geometry::Mesh> const meshes = reader.takeMeshes();
-    inspection.require(meshes.size() == reader.getMaterials().size(), "materials");
+    QList<geometry::Material> const materials = reader.getMaterials();
+    inspection.require(materials.size() >= meshes.size(), "materials");
     inspection.require(success == !meshes.isEmpty(), "meshes");
     for (geometry::Mesh const& mesh : meshes)
         inspection.reader(mesh);
-    for (geometry::Material const& material : reader.getMaterials())
+    for (geometry::Material const& material : materials.last(std::min(meshes.size(), materials.size())))
         inspection.material(material);
     return inspection.outcome(success ? 1 : 0);
 }
 
 Outcome readDocument(QByteArray const& bytes, std::atomic<bool> const&)
 {
+    QString const name = u"document"_s;
+    QMap<QString, QByteArray> const files = {{name, bytes}, {u"a.ply"_s, support::plyTriangle()}};
     AssociatedShapesXMLReader reader;
-    bool const success =
-        reader.read({{u"document"_s, bytes}, {u"a.ply"_s, support::plyTriangle()}}, u"document"_s);
-    return inspect(reader, success);
+    return attempt([&] { return reader.read(files, name); },
+                   [&](bool success) { return inspect(reader, success); });
 }
 
 Outcome readDocumentFile(QString const& path, std::atomic<bool> const&)
 {
     AssociatedShapesXMLReader reader;
-    bool const success = reader.read(path);
-    return inspect(reader, success);
+    return attempt([&] { return reader.read(path); }, [&](bool success) { return inspect(reader, success); });
 }
 
 } // namespace

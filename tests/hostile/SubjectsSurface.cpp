@@ -1,3 +1,4 @@
+#include "hostile/Attempt.h"
 #include "hostile/QuickFolder.h"
 #include "hostile/Seeds.h"
 #include "hostile/SubjectParts.h"
@@ -26,14 +27,8 @@ struct PlyOptions
     QImage texture = {};
 };
 
-template <typename Read>
-Outcome readPly(PlyOptions const& options, Read const& read)
+Outcome inspectPly(PLYReader const& reader, bool success)
 {
-    PLYReader reader(options.mode);
-    reader.setTextureSupport(options.policy);
-    reader.activeFaceColorMode(options.hasFaceColors);
-    reader.setTextureOverride(options.texture);
-    bool const success = read(reader);
     Inspection inspection;
     inspection.reader(reader.getMesh()).image(reader.getTexture());
     geometry::PointCloud const& cloud = reader.getPointCloud();
@@ -43,6 +38,16 @@ Outcome readPly(PlyOptions const& options, Read const& read)
     if (reader.getMaterial())
         inspection.material(*reader.getMaterial());
     return inspection.outcome(success ? 1 : 0);
+}
+
+template <typename Read>
+Outcome readPly(PlyOptions const& options, Read const& read)
+{
+    PLYReader reader(options.mode);
+    reader.setTextureSupport(options.policy);
+    reader.activeFaceColorMode(options.hasFaceColors);
+    reader.setTextureOverride(options.texture);
+    return attempt([&] { return read(reader); }, [&](bool success) { return inspectPly(reader, success); });
 }
 
 Subject ply(QByteArray const& name, QByteArray const& seed, PlyOptions const& options)
@@ -70,13 +75,15 @@ Outcome readObj(Policy policy, QString const& fileName, Read const& read)
     OBJReader reader;
     reader.setTextureSupport(policy);
     reader.setFileName(fileName);
-    OBJReader::Error const error = read(reader);
-    Inspection inspection;
-    inspection.objReader(reader.getMesh());
-    // After a failure the texture may be that of the file.
-    if (error == OBJReader::NoError)
-        inspection.image(reader.getTexture());
-    return inspection.outcome(error);
+    return attempt([&] { return read(reader); },
+                   [&](OBJReader::Error error) {
+                       Inspection inspection;
+                       inspection.objReader(reader.getMesh());
+                       // After a failure the texture may be that of the file.
+                       if (error == OBJReader::NoError)
+                           inspection.image(reader.getTexture());
+                       return inspection.outcome(error);
+                   });
 }
 
 Subject obj(QByteArray const& name, QByteArray const& seed, Policy policy, QString const& fileName)
@@ -131,6 +138,16 @@ Subject besideObj(QByteArray const& name, QString const& fileName, Policy policy
 }
 
 } // namespace
+
+Subject plyFor()
+{
+    return ply("ply", {}, {});
+}
+
+Subject objFor(Policy policy, QString const& path)
+{
+    return obj("obj", {}, policy, path);
+}
 
 void addPly(std::vector<Subject>& list)
 {

@@ -1,0 +1,11 @@
+#include "hostile/Attempt.h"
+
+namespace hostile {
+
+FaultPlan& faultPlan()
+{
+    static thread_local FaultPlan plan;
+    return plan;
+}
+
+} // namespace hostile
