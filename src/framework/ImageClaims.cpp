@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QtEndian>
 
+#include <algorithm>
 #include <array>
 
 namespace images {
@@ -10,6 +11,7 @@ namespace images {
 namespace {
 
 constexpr std::array<char, 8> pngSignature = {'\x89', 'P', 'N', 'G', '\r', '\n', '\x1a', '\n'};
+constexpr std::array<char, 4> imageEnd = {'I', 'E', 'N', 'D'};
 constexpr qint64 checksumBytes = 4;
 constexpr qint64 harmless = 1024LL * 1024;
 constexpr char lowerCaseBit = 0x20;
@@ -34,6 +36,9 @@ bool claimsTooMuch(QString const& path)
     while (readExactly(file, chunk)) {
         qint64 const claimed = qFromBigEndian<quint32>(chunk.data());
         qint64 const left = file.size() - file.pos();
+        // What follows the end is no chunk.
+        if (std::equal(imageEnd.begin(), imageEnd.end(), chunk.begin() + imageEnd.size()))
+            return false;
         bool const isAncillary = (chunk[4] & lowerCaseBit) != 0;
         if (isAncillary && claimed > left && claimed >= harmless)
             return true;

@@ -1,5 +1,6 @@
 #include "framework/MeshReader.h"
 
+#include "framework/MemoryGuard.h"
 #include "obj/OBJReaderHelper.h"
 #include "ply/PLYReader.h"
 #include "stl/STLReader.h"
@@ -55,14 +56,7 @@ utility::Optional<geometry::Mesh> resultOf(SurfaceReader const& reader, bool suc
     return success ? utility::Optional<geometry::Mesh>(reader.getMesh()) : std::nullopt;
 }
 
-} // namespace
-
-bool MeshReader::isPLY(QString const& suffix)
-{
-    return isSuffix(suffix, "ply"_L1);
-}
-
-utility::Optional<geometry::Mesh> MeshReader::read(QString const& path)
+utility::Optional<geometry::Mesh> readFile(QString const& path)
 {
     if (!QFile::exists(path)) {
         qWarning() << "The file" << path << " does not exist ( MeshReader::read ) ";
@@ -72,7 +66,7 @@ utility::Optional<geometry::Mesh> MeshReader::read(QString const& path)
     QString const suffix = QFileInfo(path).suffix();
     if (isSuffix(suffix, "obj"_L1))
         return OBJReaderHelper::read(path);
-    if (isPLY(suffix)) {
+    if (MeshReader::isPLY(suffix)) {
         PLYReader reader(PLYReader::MeshMode);
         reader.setFileName(path);
         return resultOf(reader, reader.read(cancel));
@@ -85,7 +79,7 @@ utility::Optional<geometry::Mesh> MeshReader::read(QString const& path)
     return {};
 }
 
-utility::Optional<geometry::Mesh> MeshReader::read(QByteArray const& data, QString const& fileName)
+utility::Optional<geometry::Mesh> readBytes(QByteArray const& data, QString const& fileName)
 {
     if (data.isEmpty()) {
         qWarning() << "Empty data for :" << fileName;
@@ -96,7 +90,7 @@ utility::Optional<geometry::Mesh> MeshReader::read(QByteArray const& data, QStri
     // The data are the path of a file, not what is in it.
     if (isSuffix(suffix, "obj"_L1))
         return OBJReaderHelper::read(QString::fromUtf8(data));
-    if (isPLY(suffix)) {
+    if (MeshReader::isPLY(suffix)) {
         PLYReader reader(PLYReader::MeshMode);
         reader.setFileName(fileName);
         return resultOf(reader, reader.read(data, cancel));
@@ -108,8 +102,8 @@ utility::Optional<geometry::Mesh> MeshReader::read(QByteArray const& data, QStri
     return {};
 }
 
-bool MeshReader::read(QString const& path, int* numVertices, float** vertices, float** normals,
-                      int* numIndices, int** indices)
+bool readRecord(QString const& path, int* numVertices, float** vertices, float** normals, int* numIndices,
+                int** indices)
 {
     QFile file(path);
     if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) // Qt logs an empty name
@@ -137,4 +131,28 @@ bool MeshReader::read(QString const& path, int* numVertices, float** vertices, f
     *normals = normalArray.release();
     *indices = indexArray.release();
     return true;
+}
+
+} // namespace
+
+bool MeshReader::isPLY(QString const& suffix)
+{
+    return isSuffix(suffix, "ply"_L1);
+}
+
+utility::Optional<geometry::Mesh> MeshReader::read(QString const& path)
+{
+    return memory::resultOr(utility::Optional<geometry::Mesh>(), [&] { return readFile(path); });
+}
+
+utility::Optional<geometry::Mesh> MeshReader::read(QByteArray const& data, QString const& fileName)
+{
+    return memory::resultOr(utility::Optional<geometry::Mesh>(), [&] { return readBytes(data, fileName); });
+}
+
+bool MeshReader::read(QString const& path, int* numVertices, float** vertices, float** normals,
+                      int* numIndices, int** indices)
+{
+    return memory::succeeds(
+        [&] { return readRecord(path, numVertices, vertices, normals, numIndices, indices); });
 }

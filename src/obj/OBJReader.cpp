@@ -1,10 +1,11 @@
 #include "obj/OBJReader.h"
 
+#include "framework/MemoryGuard.h"
+
 #include <QFile>
 #include <QTextStream>
 
 #include <array>
-#include <new>
 #include <ostream>
 
 using namespace Qt::StringLiterals;
@@ -50,9 +51,11 @@ bool OBJReader::read(std::atomic<bool> const&)
         return false;
     }
     std::atomic<bool> const neverCancelled = false;
-    QFile file(fileName);
     // A system takes a NUL for the end of the name, and would open another file.
-    error = fileName.contains(QChar(u'\0')) ? CannotOpenFile : read(&file, neverCancelled);
+    error = fileName.contains(QChar(u'\0')) ? CannotOpenFile : memory::resultOr(NoData, [&] {
+        QFile file(fileName);
+        return read(&file, neverCancelled);
+    });
     return error == NoError;
 }
 
@@ -60,25 +63,20 @@ OBJReader::Error OBJReader::read(QIODevice* device, std::atomic<bool> const& can
 {
     if (!device || !device->open(QIODevice::ReadOnly))
         return CannotOpenFile;
-    QTextStream stream(device);
-    return readGuarded(stream, cancel);
+    return memory::resultOr(NoData, [&] {
+        QTextStream stream(device);
+        return readText(stream, cancel);
+    });
 }
 
 OBJReader::Error OBJReader::read(QByteArray const& data, std::atomic<bool> const& cancel)
 {
     if (data.isNull())
         return NoData;
-    QTextStream stream(data, QIODevice::ReadOnly);
-    return readGuarded(stream, cancel);
-}
-
-OBJReader::Error OBJReader::readGuarded(QTextStream& stream, std::atomic<bool> const& cancel)
-{
-    try {
+    return memory::resultOr(NoData, [&] {
+        QTextStream stream(data, QIODevice::ReadOnly);
         return readText(stream, cancel);
-    } catch (std::bad_alloc const&) {
-        return NoData;
-    }
+    });
 }
 
 OBJReader::Error OBJReader::getError() const

@@ -153,7 +153,6 @@ private:
 
     // The text (OBJReaderText.cpp).
     Error readText(QTextStream& stream, std::atomic<bool> const& cancel);
-    Error readGuarded(QTextStream& stream, std::atomic<bool> const& cancel);
     Error readLines(QTextStream& stream, WorkingLists& lists, std::atomic<bool> const& cancel);
     static bool readPlainLine(QByteArrayView line, WorkingLists& lists);
     void readLine(Tokens const& tokens, WorkingLists& lists);

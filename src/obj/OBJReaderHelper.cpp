@@ -1,11 +1,10 @@
 #include "obj/OBJReaderHelper.h"
 
+#include "framework/MemoryGuard.h"
 #include "obj/OBJReader.h"
 
 #include <QDebug>
 #include <QFile>
-
-#include <new>
 
 namespace {
 
@@ -16,30 +15,29 @@ bool open(QFile& file)
     return !name.isEmpty() && !name.contains(QChar(u'\0')) && file.open(QIODevice::ReadOnly);
 }
 
-// Null bytes, which are no data, also where there is no memory for what the file holds.
-QByteArray readAll(QFile& file)
+// `code` stays as it is for a file that cannot be opened.
+utility::Optional<geometry::Mesh> readFile(QString const& fileName, OBJReader::Error& code)
 {
-    try {
-        return file.readAll();
-    } catch (std::bad_alloc const&) {
+    QFile file(fileName);
+    if (!open(file))
         return {};
-    }
+    // Null bytes, which are no data, also where there is no memory for what the file holds.
+    QByteArray const bytes = memory::resultOr(QByteArray(), [&file] { return file.readAll(); });
+    file.close();
+    OBJReader reader(false);
+    std::atomic<bool> const cancel = false;
+    code = reader.read(bytes, cancel);
+    return code == OBJReader::NoError ? utility::Optional<geometry::Mesh>(reader.getMesh()) : std::nullopt;
 }
 
 } // namespace
 
 utility::Optional<geometry::Mesh> OBJReaderHelper::read(QString const& fileName)
 {
+    using Result = utility::Optional<geometry::Mesh>;
     OBJReader::Error code = OBJReader::NoError;
-    if (QFile file(fileName); open(file)) {
-        QByteArray const bytes = readAll(file);
-        file.close();
-        OBJReader reader(false);
-        std::atomic<bool> const cancel = false;
-        code = reader.read(bytes, cancel);
-        if (code == OBJReader::NoError)
-            return reader.getMesh();
-    }
-    qWarning() << "Could not read the OBJ file: " << fileName << conversions::toString(code);
-    return {};
+    Result const mesh = memory::resultOr(Result(), [&] { return readFile(fileName, code); });
+    if (!mesh)
+        qWarning() << "Could not read the OBJ file: " << fileName << conversions::toString(code);
+    return mesh;
 }

@@ -61,15 +61,19 @@ bool PLYReader::read(std::atomic<bool> const& cancel)
 {
     if (fileName.isEmpty())
         return false;
-    QFile file(fileName);
-    return read(&file, cancel);
+    return memory::succeeds([&] {
+        QFile file(fileName);
+        return read(&file, cancel);
+    });
 }
 
 bool PLYReader::read(QByteArray const& data, std::atomic<bool> const& cancel)
 {
-    QBuffer buffer;
-    buffer.setData(data);
-    return read(&buffer, cancel);
+    return memory::succeeds([&] {
+        QBuffer buffer;
+        buffer.setData(data);
+        return read(&buffer, cancel);
+    });
 }
 
 bool PLYReader::read(QIODevice* device, std::atomic<bool> const& cancel)

@@ -47,7 +47,11 @@ bool isTextureLine(QStringList const& tokens)
 
 QString textureName(QStringList const& tokens)
 {
-    return tokens.mid(2).join(u' ');
+    // Not a part of the list joined: making one does not look whether it got its memory.
+    QString name = tokens[2];
+    for (qsizetype i = textureTokenCount; i < tokens.size(); ++i)
+        name += u' ' + tokens[i];
+    return name;
 }
 
 // Null for an element of another name.

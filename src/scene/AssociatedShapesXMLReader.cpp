@@ -1,5 +1,6 @@
 #include "scene/AssociatedShapesXMLReader.h"
 
+#include "framework/MemoryGuard.h"
 #include "framework/MeshReader.h"
 #include "inhouse/coreio/DomHelper.h"
 #include "inhouse/fundamentals/StringConversions.h"
@@ -12,7 +13,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <new>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -36,17 +36,6 @@ QByteArray contentOf(QFile& file)
         content += block;
     }
     return content;
-}
-
-// Want of memory is a failure like any other.
-template <typename Step>
-bool succeeds(Step const& step)
-{
-    try {
-        return step();
-    } catch (std::bad_alloc const&) {
-        return false;
-    }
 }
 
 void warn(QLatin1StringView text, QString const& name)
@@ -74,12 +63,12 @@ AssociatedShapesXMLReader::~AssociatedShapesXMLReader() = default;
 
 bool AssociatedShapesXMLReader::read(QMap<QString, QByteArray> const& files, QString const& xmlFileName)
 {
-    return succeeds([&] { return readBundle(files, xmlFileName); });
+    return memory::succeeds([&] { return readBundle(files, xmlFileName); });
 }
 
 bool AssociatedShapesXMLReader::read(QString const& xmlFilePath)
 {
-    return succeeds([&] { return readDocument(xmlFilePath); });
+    return memory::succeeds([&] { return readDocument(xmlFilePath); });
 }
 
 bool AssociatedShapesXMLReader::readBundle(QMap<QString, QByteArray> const& files, QString const& xmlFileName)

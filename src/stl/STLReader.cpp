@@ -142,8 +142,10 @@ bool STLReader::read(std::atomic<bool> const& cancel)
 {
     if (fileName.isEmpty())
         return false;
-    QFile file(fileName);
-    return read(&file, cancel);
+    return memory::succeeds([&] {
+        QFile file(fileName);
+        return readFromDevice(&file, cancel);
+    });
 }
 
 bool STLReader::read(QIODevice* device, std::atomic<bool> const& cancel)

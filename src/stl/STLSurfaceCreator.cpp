@@ -47,9 +47,12 @@ using OwnedSurfaces = std::vector<std::unique_ptr<STLSurfaceData>>;
 
 QList<STLSurfaceData*> handedOut(OwnedSurfaces& surfaces)
 {
-    QList<STLSurfaceData*> result(static_cast<qsizetype>(surfaces.size()));
-    std::transform(surfaces.begin(), surfaces.end(), result.begin(),
-                   [](std::unique_ptr<STLSurfaceData>& surface) { return surface.release(); });
+    // Appended one by one: a list's constructor does not look whether it got its memory.
+    QList<STLSurfaceData*> result;
+    for (std::unique_ptr<STLSurfaceData> const& surface : surfaces)
+        result.append(surface.get());
+    for (std::unique_ptr<STLSurfaceData>& surface : surfaces)
+        static_cast<void>(surface.release());
     return result;
 }
 
@@ -95,10 +98,13 @@ bool STLSurfaceCreator::ranOutOfMemory() const
 void STLSurfaceCreator::readSurfaces(QDataStream& stream, STLDataFormat const& format,
                                      std::atomic<bool> const& cancel)
 {
-    if (tagHandler && tagHandler->hasTags())
+    if (tagHandler && tagHandler->hasTags()) {
         surfaces = getTaggedSurfaces(stream, format, cancel);
-    else
-        surfaces = {getSurface(stream, format, cancel)};
+        return;
+    }
+    OwnedSurfaces single;
+    single.emplace_back(getSurface(stream, format, cancel));
+    surfaces = handedOut(single);
 }
 
 QList<STLSurfaceData*> STLSurfaceCreator::getSTLSurfaceData() const

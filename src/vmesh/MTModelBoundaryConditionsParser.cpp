@@ -1,5 +1,6 @@
 #include "vmesh/MTModelBoundaryConditionsParser.h"
 
+#include "framework/MemoryGuard.h"
 #include "vmesh/ByteLines.h"
 #include "vmesh/SharedArray.h"
 
@@ -33,6 +34,11 @@ MTModelBoundaryConditions MTModelBoundaryConditionsParser::getBoundaryConditions
 }
 
 bool MTModelBoundaryConditionsParser::read()
+{
+    return memory::succeeds([this] { return readFile(); });
+}
+
+bool MTModelBoundaryConditionsParser::readFile()
 {
     if (fileName.isEmpty()) {
         qWarning() << "MTModelBoundaryConditionsParser : file name not filled in.";

@@ -34,6 +34,7 @@ public:
     MTModelBoundaryConditions getBoundaryConditions() const;
 
 private:
+    bool readFile();
     bool readLines(QIODevice& device, qint64& lineNumber);
     bool readText(QIODevice& device, qint64& lineNumber);
     bool parseLine(QString const& line, qint64 lineNumber);

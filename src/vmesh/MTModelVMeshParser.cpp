@@ -1,5 +1,6 @@
 #include "vmesh/MTModelVMeshParser.h"
 
+#include "framework/MemoryGuard.h"
 #include "vmesh/ByteLines.h"
 #include "vmesh/NumberLine.h"
 #include "vmesh/NumberRow.h"
@@ -66,7 +67,7 @@ MTModelVMesh MTModelVMeshParser::getVMesh() const
 
 bool MTModelVMeshParser::read()
 {
-    return readWith(&MTModelVMeshParser::readBytes);
+    return memory::succeeds([this] { return readWith(&MTModelVMeshParser::readBytes); });
 }
 
 bool MTModelVMeshParser::readWith(Walk walk)

@@ -33,7 +33,10 @@ template <typename Entry>
 QList<Entry> entriesFor(qint32 count)
 {
     try {
-        return QList<Entry>(std::max(0, count));
+        // Not the list's constructor, which does not look whether it got its memory.
+        QList<Entry> entries;
+        entries.resize(std::max(0, count));
+        return entries;
     } catch (std::bad_alloc const&) {
         return {};
     }

@@ -80,6 +80,8 @@ QVector3D direction(NormalSum const& sum)
 bool writeNormals(std::vector<NormalSum> const& sums, std::atomic<bool> const& cancel,
                   QList<QVector3D>& normals)
 {
+    // A new list: one that is shared does not look whether it got memory of its own.
+    normals = {};
     normals.resize(static_cast<qsizetype>(sums.size()));
     QVector3D* normal = normals.data();
     for (std::size_t i = 0; i < sums.size(); ++i) {

@@ -301,11 +301,23 @@ private:
     bool hasTextureCoordinates;
 };
 
+// A list that is shared does not look whether it got memory of its own.
+void detach(QList<int>& list)
+{
+    if (list.isDetached())
+        return;
+    QList<int> own;
+    own.resize(list.size());
+    std::copy(list.cbegin(), list.cend(), own.begin());
+    list = std::move(own);
+}
+
 bool appendParts(std::vector<int> const& parts, std::atomic<bool> const& cancel, geometry::Mesh& mesh)
 {
     auto const entryOf = [](std::size_t corner) { return corner + corner / 3; };
     Poll poll(cancel);
     VertexCopier copier(mesh);
+    detach(mesh.indices);
     int* indices = mesh.indices.data();
     for (std::size_t corner = 0; corner < parts.size(); ++corner) {
         if (poll.isCancelled())
