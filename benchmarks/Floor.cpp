@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstring>
+#include <map>
+#include <utility>
 #include <vector>
 
 namespace bench::floor {
@@ -15,6 +18,7 @@ constexpr qsizetype headerBytes = 84;
 constexpr qsizetype facetBytes = 50;
 constexpr qsizetype normalBytes = 12;
 constexpr qsizetype vertexBlockBytes = 36;
+constexpr qsizetype attributeOffset = 48;
 
 using Corner = std::array<float, 3>;
 using Facet = std::array<Corner, 3>;
@@ -63,6 +67,8 @@ float angle(QVector3D const& a, QVector3D const& b)
         QVector3D::dotProduct(a, b) / std::sqrt(a.lengthSquared() * b.lengthSquared()), -1.0f, 1.0f));
 }
 
+} // namespace
+
 void addNormals(geometry::Mesh& mesh)
 {
     mesh.normals.resize(mesh.vertices.size());
@@ -81,19 +87,15 @@ void addNormals(geometry::Mesh& mesh)
         normal.normalize();
 }
 
-} // namespace
+namespace {
 
-geometry::Mesh readStl(QByteArray const& bytes)
+geometry::Mesh mergedWithNormals(std::vector<Facet> const& soup)
 {
-    qsizetype const facets = (bytes.size() - headerBytes) / facetBytes;
-    Merge merge(facets);
+    Merge merge(static_cast<qsizetype>(soup.size()));
     QList<int> indices;
-    indices.resize(4 * facets);
+    indices.resize(4 * static_cast<qsizetype>(soup.size()));
     int* next = indices.data();
-    char const* record = bytes.constData() + headerBytes + normalBytes;
-    for (qsizetype i = 0; i < facets; ++i, record += facetBytes) {
-        Facet facet;
-        std::memcpy(&facet, record, vertexBlockBytes);
+    for (Facet const& facet : soup) {
         for (Corner const& corner : facet)
             *next++ = merge.add(corner);
         *next++ = -1;
@@ -101,6 +103,62 @@ geometry::Mesh readStl(QByteArray const& bytes)
     geometry::Mesh mesh(merge.vertices, indices);
     addNormals(mesh);
     return mesh;
+}
+
+} // namespace
+
+geometry::Mesh readStl(QByteArray const& bytes)
+{
+    qsizetype const facets = (bytes.size() - headerBytes) / facetBytes;
+    std::vector<Facet> soup(static_cast<std::size_t>(facets));
+    char const* record = bytes.constData() + headerBytes + normalBytes;
+    for (Facet& facet : soup) {
+        std::memcpy(&facet, record, vertexBlockBytes);
+        record += facetBytes;
+    }
+    return mergedWithNormals(soup);
+}
+
+QList<geometry::Mesh> readTaggedStl(QByteArray const& bytes)
+{
+    std::map<std::pair<int, int>, std::vector<Facet>> surfaces;
+    std::pair<int, int> tag(-1, -1);
+    std::vector<Facet>* surface = nullptr;
+    char const* const end = bytes.constData() + bytes.size();
+    for (char const* record = bytes.constData() + headerBytes; record != end; record += facetBytes) {
+        std::pair<int, int> const next(static_cast<unsigned char>(record[attributeOffset + 1]),
+                                       record[attributeOffset]);
+        if (!surface || next != tag)
+            surface = &surfaces[tag = next];
+        std::memcpy(&surface->emplace_back(), record + normalBytes, vertexBlockBytes);
+    }
+    QList<geometry::Mesh> meshes;
+    for (auto const& [key, soup] : surfaces)
+        meshes.append(mergedWithNormals(soup));
+    return meshes;
+}
+
+geometry::Mesh readAsciiStl(QByteArray const& bytes)
+{
+    std::vector<Facet> soup;
+    std::size_t corners = 0;
+    char const* const end = bytes.constData() + bytes.size();
+    for (char const* line = bytes.constData(); line < end;) {
+        auto const* const lineEnd =
+            static_cast<char const*>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
+        while (*line == ' ')
+            ++line;
+        if (*line == 'v') {
+            if (corners % 3 == 0)
+                soup.emplace_back();
+            char const* next = line + std::strlen("vertex");
+            for (float& coordinate : soup.back()[corners % 3])
+                next = std::from_chars(next + 1, lineEnd, coordinate).ptr;
+            ++corners;
+        }
+        line = lineEnd + 1;
+    }
+    return mergedWithNormals(soup);
 }
 
 QByteArray writeStl(geometry::Mesh const& mesh)

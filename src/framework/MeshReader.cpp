@@ -9,10 +9,14 @@
 #include <QDebug>
 #include <QFile>
 #include <QFileInfo>
+#include <QtEndian>
 
+#include <algorithm>
+#include <array>
 #include <atomic>
 #include <memory>
 #include <new>
+#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
@@ -41,13 +45,42 @@ bool areCountsCredible(qint32 numVertices, qint32 numIndices, qint64 fileSize)
     return bytes <= allowedBytes(fileSize);
 }
 
+// How a value is stored: floats as doubles.
+template <typename Value>
+using Stored = std::conditional_t<std::is_same_v<Value, float>, double, Value>;
+
+// As many bytes as there are, up to `size`.
+qsizetype readFully(QDataStream& stream, char* target, qsizetype size)
+{
+    qsizetype done = 0;
+    while (done < size) {
+        int const count = stream.readRawData(target + done, static_cast<int>(size - done));
+        if (count <= 0)
+            break;
+        done += count;
+    }
+    return done;
+}
+
 // Zeros from the first value on that the stream lacks. Null when there is no memory for it.
 template <typename Value>
 std::unique_ptr<Value[]> readArray(QDataStream& stream, qint64 count)
 {
+    constexpr qint64 valuesAtOnce = 8192;
+    std::array<char, valuesAtOnce * sizeof(Stored<Value>)> block;
     std::unique_ptr<Value[]> values(new (std::nothrow) Value[static_cast<std::size_t>(count)]());
-    for (qint64 i = 0; values && i < count && stream.status() == QDataStream::Ok; ++i)
-        stream >> values[static_cast<std::size_t>(i)];
+    Value* next = values.get();
+    while (values && count > 0 && stream.status() == QDataStream::Ok) {
+        qsizetype const bytes = std::min(count, valuesAtOnce) * qsizetype(sizeof(Stored<Value>));
+        qsizetype const there = readFully(stream, block.data(), bytes);
+        if (there < bytes)
+            stream.setStatus(QDataStream::ReadPastEnd);
+        qsizetype const whole = there / qsizetype(sizeof(Stored<Value>));
+        auto const* stored = block.data();
+        for (Value* const end = next + whole; next != end; ++next, stored += sizeof(Stored<Value>))
+            *next = static_cast<Value>(qFromBigEndian<Stored<Value>>(stored));
+        count -= std::min(count, valuesAtOnce);
+    }
     return values;
 }
 

@@ -7,6 +7,11 @@
 #include <QDebug>
 #include <QFile>
 #include <QFileInfo>
+#include <QtEndian>
+
+#include <algorithm>
+#include <array>
+#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
@@ -34,11 +39,21 @@ bool writeStl(QString const& path, geometry::Mesh const& mesh)
     return false;
 }
 
+// Big-endian, floats as doubles: what the stream's operators write, many values at once.
 template <typename Value>
 void writeArray(QDataStream& stream, Value const* values, qint64 count)
 {
-    for (qint64 i = 0; i < count; ++i)
-        stream << values[i];
+    using Stored = std::conditional_t<std::is_same_v<Value, float>, double, Value>;
+    constexpr qint64 valuesAtOnce = 8192;
+    std::array<char, valuesAtOnce * sizeof(Stored)> block;
+    while (count > 0) {
+        qint64 const size = std::min(count, valuesAtOnce);
+        char* target = block.data();
+        for (Value const* const end = values + size; values != end; ++values, target += sizeof(Stored))
+            qToBigEndian(static_cast<Stored>(*values), target);
+        stream.writeRawData(block.data(), static_cast<int>(target - block.data()));
+        count -= size;
+    }
 }
 
 } // namespace

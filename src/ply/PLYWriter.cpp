@@ -26,18 +26,24 @@ constexpr qsizetype longestVertexBytes = 2 * 3 * 4 + 4;
 constexpr qsizetype faceBytes = 1 + 3 * 4;
 constexpr qsizetype materialBytes = 4 * (3 + 4) + 3 * 4 + 1;
 
-// One row of the body, gathered so that it is written at once.
-class Row
+// Rows of the body, many of them gathered for one write.
+class Rows
 {
 public:
-    void put(quint8 value) { bytes[size++] = static_cast<char>(value); }
+    explicit Rows(QDataStream& stream_)
+        : stream(stream_)
+        , bytes(blockBytes + longestRow, Qt::Uninitialized)
+        , next(bytes.data())
+    {}
+
+    void put(quint8 value) { *next++ = static_cast<char>(value); }
     void put(int value) { putWord(static_cast<quint32>(value)); }
     void put(float value) { putWord(std::bit_cast<quint32>(value)); }
     void put(QVector3D const& vector)
     {
-        put(vector.x());
-        put(vector.y());
-        put(vector.z());
+        static_assert(sizeof(QVector3D) == 3 * sizeof(float));
+        qToLittleEndian<float>(&vector, 3, next);
+        next += sizeof(QVector3D);
     }
     void put(QColor const& color)
     {
@@ -46,20 +52,29 @@ public:
         put(static_cast<quint8>(color.blue()));
     }
 
-    bool write(QDataStream& stream) const
+    /// To be called behind each row. False when a block could not be written.
+    bool endRow() { return next - bytes.constData() < blockBytes || write(); }
+    /// What is still gathered.
+    bool write()
     {
-        return stream.writeRawData(bytes.data(), static_cast<int>(size)) == static_cast<int>(size);
+        auto const size = static_cast<int>(next - bytes.constData());
+        next = bytes.data();
+        return size == 0 || stream.writeRawData(bytes.constData(), size) == size;
     }
 
 private:
+    static constexpr qsizetype blockBytes = 64 * 1024;
+    static constexpr qsizetype longestRow = std::max({longestVertexBytes, faceBytes, materialBytes});
+
     void putWord(quint32 value)
     {
-        qToLittleEndian(value, bytes.data() + size);
-        size += sizeof(value);
+        qToLittleEndian(value, next);
+        next += sizeof(value);
     }
 
-    std::array<char, std::max({longestVertexBytes, faceBytes, materialBytes})> bytes{};
-    std::size_t size = 0;
+    QDataStream& stream;
+    QByteArray bytes;
+    char* next;
 };
 
 void appendLines(QString& text, std::initializer_list<QLatin1StringView> lines)
@@ -220,47 +235,47 @@ bool PLYWriter::writeVertices(QDataStream& stream) const
     bool const hasColors = !colors.isEmpty();
     if ((hasNormals && normals.size() < vertices.size()) || (hasColors && colors.size() < vertices.size()))
         return false;
+    Rows rows(stream);
     for (qsizetype i = 0; i < vertices.size(); ++i) {
-        Row row;
-        row.put(vertices[i]);
+        rows.put(vertices[i]);
         if (hasNormals)
-            row.put(normals[i]);
+            rows.put(normals[i]);
         for (int shift = 0; hasColors && shift < (writeAlpha ? 32 : 24); shift += 8)
-            row.put(static_cast<quint8>(colors[i] >> shift));
-        if (!row.write(stream))
+            rows.put(static_cast<quint8>(colors[i] >> shift));
+        if (!rows.endRow())
             return false;
     }
-    return true;
+    return rows.write();
 }
 
 bool PLYWriter::writeFaces(QDataStream& stream) const
 {
+    Rows rows(stream);
     for (qsizetype i = 0; i + indicesPerTriangle <= indices.size(); i += indicesPerTriangle) {
-        Row row;
-        row.put(corners);
-        row.put(indices[i]);
-        row.put(indices[i + 1]);
-        row.put(indices[i + 2]);
-        if (!row.write(stream))
+        rows.put(corners);
+        rows.put(indices[i]);
+        rows.put(indices[i + 1]);
+        rows.put(indices[i + 2]);
+        if (!rows.endRow())
             return false;
     }
-    return true;
+    return rows.write();
 }
 
 bool PLYWriter::writeMaterial(QDataStream& stream) const
 {
-    Row row;
-    row.put(material->ambientColor);
-    row.put(material->ambientIntensity);
-    row.put(material->diffuseColor);
-    row.put(material->diffuseIntensity);
-    row.put(material->specularColor);
-    row.put(material->specularIntensity);
-    row.put(material->emissiveColor);
-    row.put(material->emissiveIntensity);
-    row.put(material->shininess);
-    row.put(material->transparency);
-    row.put(material->baseReflectance);
-    row.put(static_cast<quint8>(material->detailNoise ? 1 : 0));
-    return row.write(stream);
+    Rows rows(stream);
+    rows.put(material->ambientColor);
+    rows.put(material->ambientIntensity);
+    rows.put(material->diffuseColor);
+    rows.put(material->diffuseIntensity);
+    rows.put(material->specularColor);
+    rows.put(material->specularIntensity);
+    rows.put(material->emissiveColor);
+    rows.put(material->emissiveIntensity);
+    rows.put(material->shininess);
+    rows.put(material->transparency);
+    rows.put(material->baseReflectance);
+    rows.put(static_cast<quint8>(material->detailNoise ? 1 : 0));
+    return rows.write();
 }

@@ -117,4 +117,43 @@ void readVerticesOneByOne(QDataStream& stream, STLDataFormat const& format, qint
     }
 }
 
+AttributeReader::AttributeReader(QIODevice* device_, STLDataFormat const& format_)
+    : device(device_)
+    , format(format_)
+{}
+
+AttributeWord AttributeReader::read(qint64 position)
+{
+    if (!hasRecord(position))
+        readBlock(position);
+    if (!hasRecord(position))
+        return readAlone(position);
+    char const* const word = block.constData() + (position - blockStart) + format.vertexBlockSize;
+    return {{word[0], word[1]}, true};
+}
+
+AttributeWord AttributeReader::readAlone(qint64 position)
+{
+    AttributeWord word;
+    if (seekTo(device, position + format.vertexBlockSize))
+        word.isComplete = readFully(device, word.bytes.data(), attributeBytes) == attributeBytes;
+    return word;
+}
+
+bool AttributeReader::hasRecord(qint64 position) const
+{
+    qint64 const recordEnd = position + format.vertexBlockSize + attributeBytes;
+    return position >= blockStart && recordEnd <= blockStart + block.size();
+}
+
+void AttributeReader::readBlock(qint64 position)
+{
+    constexpr qint64 recordsAtOnce = 1000;
+    constexpr qint64 mostBytes = recordsAtOnce * facetBytes;
+    qint64 const wanted = std::min<qint64>(mostBytes, format.dataSize - position);
+    block.resize(std::max<qint64>(0, wanted));
+    blockStart = position;
+    block.resize(seekTo(device, position) ? readFully(device, block.data(), block.size()) : 0);
+}
+
 } // namespace stl

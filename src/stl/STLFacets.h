@@ -1,8 +1,12 @@
 #pragma once
 
 #include "stl/STLDataFormat.h"
+#include "stl/STLLayout.h"
 
+#include <QByteArray>
 #include <QtGlobal>
+
+#include <array>
 
 QT_FORWARD_DECLARE_CLASS(QDataStream)
 QT_FORWARD_DECLARE_CLASS(QIODevice)
@@ -37,5 +41,33 @@ void readVertices(QDataStream& stream, STLDataFormat const& format, qint64 offse
 /// STL.
 void readVerticesOneByOne(QDataStream& stream, STLDataFormat const& format, qint64 offset, int facets,
                           float* vertices);
+
+/// The attribute word of a facet. Bytes that the device lacks stay 0, as those of a coordinate do.
+struct AttributeWord
+{
+    std::array<char, attributeBytes> bytes = {};
+    bool isComplete = false;
+};
+
+/// Hands out attribute words, of many records with one read where the device has them in full.
+class AttributeReader
+{
+public:
+    AttributeReader(QIODevice* device, STLDataFormat const& format);
+
+    /// Of the record whose first vertex is at `position`.
+    AttributeWord read(qint64 position);
+    /// The same with a seek and a read of its own.
+    AttributeWord readAlone(qint64 position);
+
+private:
+    bool hasRecord(qint64 position) const;
+    void readBlock(qint64 position);
+
+    QIODevice* device;
+    STLDataFormat format;
+    QByteArray block;
+    qint64 blockStart = 0;
+};
 
 } // namespace stl

@@ -1,7 +1,8 @@
 #include "stl/STLReader.h"
 
+#include "framework/ByteLines.h"
 #include "framework/MemoryGuard.h"
-#include "framework/NumberParsing.h"
+#include "stl/STLAscii.h"
 #include "stl/STLCleaning.h"
 #include "stl/STLFacets.h"
 #include "stl/STLLayout.h"
@@ -12,54 +13,18 @@
 #include <QTextStream>
 #include <QtEndian>
 
-#include <algorithm>
 #include <array>
 #include <limits>
 #include <optional>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-constexpr auto asciiStart = "solid"_L1;
-constexpr auto vertexKeyword = "vertex"_L1;
 constexpr qsizetype verticesPerTriangle = 3;
 constexpr int restart = -1;
-// In characters. Binary data, or a file without line feeds, may have gigabytes before the first of them.
-constexpr qint64 partLength = 4096;
-constexpr qint64 longestLine = qint64(4) * 1024 * 1024;
+// In characters. A file without line feeds may have gigabytes.
+constexpr qint64 longestLine = text::longestLine;
 // Beyond, a mesh could no longer count its indices in an int.
 constexpr qsizetype mostVertices = std::numeric_limits<int>::max() / 4 * verticesPerTriangle;
-
-QString withoutLeadingSpace(QString const& text)
-{
-    auto const begin = std::find_if_not(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
-    return text.last(text.end() - begin);
-}
-
-void skipRestOfLine(QTextStream& stream)
-{
-    QString part;
-    do
-        stream.readLineInto(&part, partLength);
-    while (part.size() == partLength);
-}
-
-// Reads the first line, in parts.
-bool isAscii(QTextStream& stream)
-{
-    QString start;
-    QString part;
-    do {
-        part = stream.readLine(partLength);
-        start = withoutLeadingSpace(start + part);
-    } while (part.size() == partLength && start.size() < asciiStart.size());
-    if (!start.startsWith(asciiStart))
-        return false;
-    if (part.size() == partLength)
-        skipRestOfLine(stream);
-    return true;
-}
 
 void setBinaryStl(QDataStream& stream)
 {
@@ -77,45 +42,6 @@ std::optional<quint32> readCount(QDataStream& stream, qint64 size)
     // A count cut short reads as 0.
     qint64 const present = stl::readFully(stream.device(), bytes.data(), stl::countBytes);
     return present == stl::countBytes ? qFromLittleEndian<quint32>(bytes.data()) : 0;
-}
-
-// The text up to the next space; `line` is left with what follows.
-QStringView takePiece(QStringView& line)
-{
-    qsizetype begin = 0;
-    while (begin < line.size() && line[begin] == u' ')
-        ++begin;
-    qsizetype end = begin;
-    while (end < line.size() && line[end] != u' ')
-        ++end;
-    QStringView const piece = line.sliced(begin, end - begin);
-    line = line.sliced(end);
-    return piece;
-}
-
-// The parser is quick with bytes, which is all that a number of a known exporter needs.
-float toFloat(QStringView text, bool* ok)
-{
-    std::array<char, 32> bytes;
-    auto const isAscii = [](QChar c) { return c.unicode() < 0x80; };
-    if (text.size() > qsizetype(bytes.size()) || !std::all_of(text.begin(), text.end(), isAscii))
-        return numbers::toFloat(text, ok);
-    std::transform(text.begin(), text.end(), bytes.begin(), [](QChar c) { return c.toLatin1(); });
-    return numbers::toFloat(QLatin1StringView(bytes.data(), text.size()), ok);
-}
-
-// A missing piece is empty, and no number.
-std::optional<QVector3D> parseVertex(QStringView line)
-{
-    takePiece(line); // the keyword, or what stands before it
-    QVector3D vertex;
-    for (int axis = 0; axis < 3; ++axis) {
-        bool isNumber = false;
-        vertex[axis] = toFloat(takePiece(line), &isNumber);
-        if (!isNumber)
-            return {};
-    }
-    return vertex;
 }
 
 void appendVertex(geometry::Mesh& mesh, QVector3D const& vertex)
@@ -163,8 +89,8 @@ bool STLReader::readFromDevice(QIODevice* device, std::atomic<bool> const& cance
     if (!device || !device->open(QIODevice::ReadOnly) || !device->isReadable())
         return false;
     QTextStream text(device);
-    if (isAscii(text))
-        return readAscii(text, cancel);
+    if (stl::isAscii(text))
+        return readAsciiDevice(text, cancel);
     // What the text stream has buffered is lost to a device that cannot go back.
     if (device->isSequential())
         return false;
@@ -179,8 +105,8 @@ bool STLReader::readFromBytes(QByteArray const& data, std::atomic<bool> const& c
     if (data.isNull())
         return false;
     QTextStream text(data, QIODevice::ReadOnly);
-    if (isAscii(text))
-        return readAscii(text, cancel);
+    if (stl::isAscii(text))
+        return readAsciiDevice(text, cancel);
     QDataStream stream(data);
     setBinaryStl(stream);
     std::atomic<bool> const never = false;
@@ -212,6 +138,46 @@ QList<STLSurfaceData*> STLReader::takeSTLSurfaceDataSets() const
     return surfaceCreator->takeSTLSurfaceData();
 }
 
+// Text whose bytes tell what it says is read as bytes, all other text is decoded. The first line is read.
+bool STLReader::readAsciiDevice(QTextStream& text, std::atomic<bool> const& cancel)
+{
+    QIODevice& device = *text.device();
+    if (!readsBytes || device.isSequential() || device.isTextModeEnabled() || !device.seek(0))
+        return readAscii(text, cancel);
+    if (std::optional<bool> const result = readAsciiBytes(device, cancel))
+        return *result;
+    device.seek(0);
+    QTextStream again(&device);
+    return stl::isAscii(again) && readAscii(again, cancel);
+}
+
+// Nothing when the text has to be decoded.
+std::optional<bool> STLReader::readAsciiBytes(QIODevice& device, std::atomic<bool> const& cancel)
+{
+    geometry::Mesh result;
+    QVector3D vertex;
+    text::ByteLines lines(device);
+    for (bool isFirst = true; lines.fetch(); isFirst = false) {
+        QByteArrayView const bytes = lines.line();
+        if (cancel && !isFirst) {
+            cleanSTLData();
+            return false;
+        }
+        stl::Line const line = stl::parseLine(bytes, vertex);
+        lines.goTo(bytes.end() + (*bytes.end() == '\r' ? 2 : 1));
+        if (line == stl::Line::Unclear)
+            return {};
+        if (line == stl::Line::Skipped || isFirst)
+            continue;
+        if (line == stl::Line::Broken || result.vertices.size() == mostVertices)
+            return false;
+        appendVertex(result, vertex);
+    }
+    if (lines.isLineTooLong())
+        return {};
+    return storeAscii(result, cancel);
+}
+
 bool STLReader::readAscii(QTextStream& stream, std::atomic<bool> const& cancel)
 {
     geometry::Mesh result;
@@ -223,19 +189,24 @@ bool STLReader::readAscii(QTextStream& stream, std::atomic<bool> const& cancel)
             return false;
         }
         bool const isWhole = line.size() < longestLine;
-        if (!QStringView(line).trimmed().startsWith(vertexKeyword)) {
+        if (!stl::isVertexLine(line)) {
             if (!isWhole)
-                skipRestOfLine(stream);
+                stl::skipRestOfLine(stream);
             continue;
         }
-        std::optional<QVector3D> const vertex = isWhole ? parseVertex(line) : std::nullopt;
+        std::optional<QVector3D> const vertex = isWhole ? stl::parseVertex(line) : std::nullopt;
         if (!vertex || result.vertices.size() == mostVertices)
             return false;
         appendVertex(result, *vertex);
     }
-    if (result.vertices.size() % verticesPerTriangle != 0)
+    return storeAscii(result, cancel);
+}
+
+bool STLReader::storeAscii(geometry::Mesh const& read, std::atomic<bool> const& cancel)
+{
+    if (read.vertices.size() % verticesPerTriangle != 0)
         return false;
-    mesh = result;
+    mesh = read;
     cleanSTLData();
     return computeNormals(cancel);
 }

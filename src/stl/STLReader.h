@@ -7,6 +7,7 @@
 #include <QList>
 
 #include <memory>
+#include <optional>
 
 QT_FORWARD_DECLARE_CLASS(QDataStream)
 QT_FORWARD_DECLARE_CLASS(QIODevice)
@@ -72,11 +73,16 @@ public:
 private:
     bool readFromDevice(QIODevice* device, std::atomic<bool> const& cancel);
     bool readFromBytes(QByteArray const& data, std::atomic<bool> const& cancel);
+    bool readAsciiDevice(QTextStream& text, std::atomic<bool> const& cancel);
+    std::optional<bool> readAsciiBytes(QIODevice& device, std::atomic<bool> const& cancel);
     bool readAscii(QTextStream& stream, std::atomic<bool> const& cancel);
+    bool storeAscii(geometry::Mesh const& read, std::atomic<bool> const& cancel);
     bool readBinary(QDataStream& stream, int const& size, std::atomic<bool> const& cancel);
     bool readFacets(QDataStream& stream, qint64 size, std::atomic<bool> const& cancel);
     void cleanSTLData();
     STLSurfaceData* getSTLSurfaceDataSet() const;
 
     std::unique_ptr<STLSurfaceCreator> surfaceCreator;
+    /// Whether ASCII files are read as bytes. For tests: off, all is decoded.
+    bool readsBytes = true;
 };

@@ -10,7 +10,6 @@
 #include <QDataStream>
 
 #include <algorithm>
-#include <array>
 #include <new>
 #include <vector>
 
@@ -25,22 +24,9 @@ using Tag = std::pair<int, int>;
 constexpr int untagged = 0;
 constexpr int none = -1;
 
-// Bytes that the device lacks stay 0, as those of a coordinate do.
-struct AttributeWord
+Tag tagOf(stl::AttributeWord const& word)
 {
-    std::array<char, stl::attributeBytes> bytes = {};
-    bool isComplete = false;
-
-    Tag tag() const { return {static_cast<unsigned char>(bytes[1]), static_cast<signed char>(bytes[0])}; }
-};
-
-AttributeWord readAttributeWord(QDataStream& stream, qint64 position)
-{
-    AttributeWord word;
-    if (stl::seekTo(stream.device(), position))
-        word.isComplete =
-            stl::readFully(stream.device(), word.bytes.data(), stl::attributeBytes) == stl::attributeBytes;
-    return word;
+    return {static_cast<unsigned char>(word.bytes[1]), static_cast<signed char>(word.bytes[0])};
 }
 
 using OwnedSurfaces = std::vector<std::unique_ptr<STLSurfaceData>>;
@@ -163,18 +149,19 @@ STLSurfaceCreator::TagRuns STLSurfaceCreator::getSurfaceTagDataByTag(QDataStream
     TagRuns runs;
     Tag current = {none, none};
     STLTagSurfaceData run = {};
+    stl::AttributeReader attributes(stream.device(), format);
     bool isThere = stl::isWalkable(format);
     for (qint64 position = format.firstVertexOffset; isThere && position < format.dataSize;
          position += format.recordSize) {
-        AttributeWord const word = readAttributeWord(stream, position + format.vertexBlockSize);
+        stl::AttributeWord const word = attributes.read(position);
         if (!word.isComplete && !stl::hasByteAt(stream.device(), position))
             break;
-        auto const [tag, subTag] = word.tag();
-        if (current != word.tag()) {
+        Tag const tag = tagOf(word);
+        if (current != tag) {
             if (current.first != none)
                 runs[current].append(run);
-            current = word.tag();
-            run = {tag, subTag, 0, static_cast<int>(position)};
+            current = tag;
+            run = {tag.first, tag.second, 0, static_cast<int>(position)};
         }
         ++run.numberOfTriangles;
         // What follows is not there either and would read as facets of nothing but zeros.

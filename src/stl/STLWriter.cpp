@@ -36,8 +36,22 @@ void flush(QDataStream& stream)
 // Returns where the next one goes.
 char* putPoint(QVector3D const& point, char* target)
 {
-    for (int axis = 0; axis < 3; ++axis, target += stl::floatBytes)
-        qToLittleEndian(point[axis], target);
+    static_assert(sizeof(QVector3D) == 3 * stl::floatBytes);
+    qToLittleEndian<float>(&point, 3, target);
+    return target + sizeof(QVector3D);
+}
+
+using Points = std::array<QVector3D, 3>;
+
+// Returns where the next facet goes.
+char* putFacet(Points const& points, unsigned char firstAttribute, unsigned char secondAttribute,
+               char* target)
+{
+    target = putPoint(QVector3D::normal(points[0], points[1], points[2]), target);
+    for (QVector3D const& point : points)
+        target = putPoint(point, target);
+    *target++ = static_cast<char>(firstAttribute);
+    *target++ = static_cast<char>(secondAttribute);
     return target;
 }
 
@@ -118,28 +132,53 @@ bool STLWriter::writeData(QDataStream& stream)
     return true;
 }
 
+// Whole blocks of facets with one write each; the rest, and what follows a broken one, facet by facet.
 void STLWriter::writeTriangles(geometry::Mesh const& triangles, QDataStream& stream) const
 {
-    constexpr int corners = 3;
-    QList<QVector3D> const& vertices = triangles.vertices;
-    auto const isOutside = [&](int index) { return index < 0 || index >= vertices.size(); };
-    for (int i = 0; i < triangles.getNumIndices(); i += stl::indicesPerTriangle) {
+    int const count = triangles.getNumIndices();
+    for (int i = writeBlocks(triangles, stream); i < count; i += stl::indicesPerTriangle) {
         int const* const face = triangles.getIndices() + i;
-        if (triangles.getNumIndices() - i < corners || std::any_of(face, face + corners, isOutside))
+        if (!isFace(triangles, i))
             return stream.setStatus(QDataStream::WriteFailed);
-        writeFace(vertices[face[0]], vertices[face[1]], vertices[face[2]], stream);
+        writeFace(triangles.vertices[face[0]], triangles.vertices[face[1]], triangles.vertices[face[2]],
+                  stream);
     }
+}
+
+bool STLWriter::isFace(geometry::Mesh const& triangles, int index)
+{
+    constexpr int corners = 3;
+    int const* const face = triangles.getIndices() + index;
+    auto const isOutside = [&](int corner) { return corner < 0 || corner >= triangles.vertices.size(); };
+    return triangles.getNumIndices() - index >= corners && std::none_of(face, face + corners, isOutside);
+}
+
+// The index up to which all is written.
+int STLWriter::writeBlocks(geometry::Mesh const& triangles, QDataStream& stream) const
+{
+    constexpr int facetsAtOnce = 1024;
+    constexpr int indicesAtOnce = facetsAtOnce * stl::indicesPerTriangle;
+    std::array<char, facetsAtOnce * stl::facetBytes> block;
+    QVector3D const* const vertices = triangles.vertices.constData();
+    int const* const indices = triangles.getIndices();
+    int begin = 0;
+    for (; triangles.getNumIndices() - begin >= indicesAtOnce; begin += indicesAtOnce) {
+        char* next = block.data();
+        for (int i = begin; i < begin + indicesAtOnce; i += stl::indicesPerTriangle) {
+            if (!isFace(triangles, i))
+                return begin;
+            next = putFacet({vertices[indices[i]], vertices[indices[i + 1]], vertices[indices[i + 2]]},
+                            firstAttributeByte, secondAttributeByte, next);
+        }
+        stream.writeRawData(block.data(), static_cast<int>(block.size()));
+    }
+    return begin;
 }
 
 void STLWriter::writeFace(QVector3D const& p1, QVector3D const& p2, QVector3D const& p3,
                           QDataStream& stream) const
 {
-    // One write for each facet: one for each number takes several times as long.
     std::array<char, stl::facetBytes> facet;
-    char* next = facet.data();
-    for (QVector3D const& point : {QVector3D::normal(p1, p2, p3), p1, p2, p3})
-        next = putPoint(point, next);
-    *next++ = static_cast<char>(firstAttributeByte);
-    *next = static_cast<char>(secondAttributeByte);
+    putFacet({p1, p2, p3}, firstAttributeByte, secondAttributeByte, facet.data());
     stream.writeRawData(facet.data(), stl::facetBytes);
 }

@@ -52,6 +52,8 @@ public:
 private:
     bool writeData(QDataStream& stream);
     void writeTriangles(geometry::Mesh const& mesh, QDataStream& stream) const;
+    static bool isFace(geometry::Mesh const& mesh, int index);
+    int writeBlocks(geometry::Mesh const& mesh, QDataStream& stream) const;
     void writeFace(QVector3D const& p1, QVector3D const& p2, QVector3D const& p3, QDataStream& stream) const;
 
     QString filePath;

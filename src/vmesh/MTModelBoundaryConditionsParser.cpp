@@ -1,7 +1,8 @@
 #include "vmesh/MTModelBoundaryConditionsParser.h"
 
+#include "framework/ByteLines.h"
 #include "framework/MemoryGuard.h"
-#include "vmesh/ByteLines.h"
+#include "vmesh/NumberRow.h"
 #include "vmesh/SharedArray.h"
 
 #include <QDebug>
@@ -19,6 +20,12 @@ constexpr qint64 countLine = 4;
 constexpr int components = 3;
 constexpr qsizetype partsOfCondition = 1 + components;
 constexpr qint64 leastConditionBytes = 8; // "0 0 0 0" and its line feed
+
+bool isAscii(QByteArrayView bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
 
 } // namespace
 
@@ -66,7 +73,7 @@ bool MTModelBoundaryConditionsParser::readFile()
 bool MTModelBoundaryConditionsParser::readLines(QIODevice& device, qint64& lineNumber)
 {
     try {
-        return readText(device, lineNumber);
+        return readBytes(device, lineNumber);
     } catch (std::bad_alloc const&) { // a line that is longer than there is memory
         return false;
     }
@@ -78,11 +85,57 @@ bool MTModelBoundaryConditionsParser::readText(QIODevice& device, qint64& lineNu
     QString line;
     do {
         ++lineNumber; // a line may be more than there is memory for
-        line = stream.readLine(vmesh::longestLine);
-        if (line.size() == vmesh::longestLine || !parseLine(line, lineNumber))
+        line = stream.readLine(text::longestLine);
+        if (line.size() == text::longestLine || !parseLine(line, lineNumber))
             return false;
     } while (!allBoundaryConditionsRead() && !line.isNull());
     return true;
+}
+
+// From the start, after bytes that are not ASCII: until then bytes and text have been the same.
+bool MTModelBoundaryConditionsParser::readTextAgain(QIODevice& device, qint64& lineNumber)
+{
+    if (!device.seek(0))
+        return false;
+    qint64 const size = fileBytes;
+    clear();
+    fileBytes = size;
+    lineNumber = 0;
+    return readText(device, lineNumber);
+}
+
+// As readText, for a file of ASCII several times faster.
+bool MTModelBoundaryConditionsParser::readBytes(QIODevice& device, qint64& lineNumber)
+{
+    if (device.isSequential()) // no way back to the start
+        return readText(device, lineNumber);
+    text::ByteLines lines(device);
+    do {
+        ++lineNumber;
+        if (!lines.fetch())
+            return !lines.isLineTooLong() && parseLine(QString(), lineNumber);
+        if (char const* const end = readRow(lines.text(), lineNumber)) {
+            lines.goTo(end);
+            continue;
+        }
+        if (!isAscii(lines.line()))
+            return readTextAgain(device, lineNumber);
+        if (!parseLine(QString::fromLatin1(lines.line()), lineNumber))
+            return false;
+        lines.skipLine();
+    } while (!allBoundaryConditionsRead());
+    return true;
+}
+
+// Null for a line that is no condition, or not in the usual spelling.
+char const* MTModelBoundaryConditionsParser::readRow(char const* row, qint64 lineNumber)
+{
+    if (lineNumber <= countLine)
+        return nullptr;
+    qint32 pointIndex = 0;
+    std::array<float, components> value;
+    char const* const end = vmesh::readIntegerAndRealNumbers(row, pointIndex, value);
+    return end != nullptr && storeBoundaryCondition(pointIndex, value) ? end : nullptr;
 }
 
 bool MTModelBoundaryConditionsParser::parseLine(QString const& line, qint64 lineNumber)
@@ -124,7 +177,13 @@ bool MTModelBoundaryConditionsParser::readBoundaryCondition(QString const& line)
     std::array<float, components> value = {};
     for (int i = 0; i < components && isNumber; ++i)
         value[std::size_t(i)] = parts[1 + i].toFloat(&isNumber);
-    if (!isNumber || (conditionsRead >= room && !makeRoom()))
+    return isNumber && storeBoundaryCondition(pointIndex, value);
+}
+
+bool MTModelBoundaryConditionsParser::storeBoundaryCondition(qint32 pointIndex,
+                                                             std::array<float, 3> const& value)
+{
+    if (conditionsRead >= room && !makeRoom())
         return false;
     conditions.pointIndices.data()[conditionsRead] = pointIndex;
     std::ranges::copy(value, conditions.values.data() + components * qint64(conditionsRead));

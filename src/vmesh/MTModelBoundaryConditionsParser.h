@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <array>
+
 class QIODevice;
 
 /// Reads the boundary-conditions file that goes with a volume mesh (docs/formats/conditions.md).
@@ -37,9 +39,13 @@ private:
     bool readFile();
     bool readLines(QIODevice& device, qint64& lineNumber);
     bool readText(QIODevice& device, qint64& lineNumber);
+    bool readTextAgain(QIODevice& device, qint64& lineNumber);
+    bool readBytes(QIODevice& device, qint64& lineNumber);
+    char const* readRow(char const* row, qint64 lineNumber);
     bool parseLine(QString const& line, qint64 lineNumber);
     bool readNumBoundaryConditions(QString const& line);
     bool readBoundaryCondition(QString const& line);
+    bool storeBoundaryCondition(qint32 pointIndex, std::array<float, 3> const& value);
     bool allBoundaryConditionsRead() const;
     void clear();
 

@@ -1,7 +1,7 @@
 #include "vmesh/MTModelVMeshParser.h"
 
+#include "framework/ByteLines.h"
 #include "framework/MemoryGuard.h"
-#include "vmesh/ByteLines.h"
 #include "vmesh/NumberLine.h"
 #include "vmesh/NumberRow.h"
 #include "vmesh/SharedArray.h"
@@ -110,8 +110,8 @@ bool MTModelVMeshParser::readText(QIODevice& device, qint64& lineNumber)
     QString line;
     do {
         ++lineNumber; // a line may be more than there is memory for
-        line = stream.readLine(vmesh::longestLine);
-        if (line.size() == vmesh::longestLine || !parseLine(line, lineNumber))
+        line = stream.readLine(text::longestLine);
+        if (line.size() == text::longestLine || !parseLine(line, lineNumber))
             return false;
     } while (!line.isNull());
     return true;
@@ -135,7 +135,7 @@ bool MTModelVMeshParser::readBytes(QIODevice& device, qint64& lineNumber)
 {
     if (device.isSequential()) // no way back to the start
         return readText(device, lineNumber);
-    vmesh::ByteLines lines(device);
+    text::ByteLines lines(device);
     while (lineNumber < sizesLine || lineNumber < lastRowLine()) {
         ++lineNumber;
         if (!lines.fetch())

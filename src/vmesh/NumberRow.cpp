@@ -85,4 +85,10 @@ char const* readRealNumbers(char const* row, std::array<float, 3>& values)
     return row;
 }
 
+char const* readIntegerAndRealNumbers(char const* row, qint32& integer, std::array<float, 3>& values)
+{
+    row = readInteger(row, integer);
+    return row != nullptr && *row == ' ' ? readRealNumbers(row + 1, values) : nullptr;
+}
+
 } // namespace vmesh

@@ -18,4 +18,7 @@ char const* readIntegers(char const* row, std::array<qint32, 5>& values);
 /// Real numbers in ASCII, of any spelling that `QString::toFloat` accepts.
 char const* readRealNumbers(char const* row, std::array<float, 3>& values);
 
+/// An integer as above, and three real numbers.
+char const* readIntegerAndRealNumbers(char const* row, qint32& integer, std::array<float, 3>& values);
+
 } // namespace vmesh

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace vmesh {
+namespace text {
 
 /// The longest line that is read, in characters with its end. A line is a handful of numbers; one without an
 /// end would take several times its bytes of memory.
@@ -23,6 +23,8 @@ public:
     /// Sees to it that a whole line lies at `text`. False at the end of the data, and at a line beyond
     /// `longestLine`. Throws std::bad_alloc.
     bool fetch();
+    /// After that: whether it was such a line.
+    bool isLineTooLong() const { return filled > next && wholeLines == 0; }
     /// The first byte of the line. A line feed follows sooner or later, at the end of the data too.
     char const* text() const { return buffer.data() + next; }
     /// The line without its end.
@@ -42,4 +44,4 @@ private:
     qsizetype filled = 0;
 };
 
-} // namespace vmesh
+} // namespace text

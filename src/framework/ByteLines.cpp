@@ -1,8 +1,8 @@
-#include "vmesh/ByteLines.h"
+#include "framework/ByteLines.h"
 
 #include <algorithm>
 
-namespace vmesh {
+namespace text {
 
 namespace {
 
@@ -69,4 +69,4 @@ void ByteLines::skipLine()
     next += QByteArrayView(text(), wholeLines - next).indexOf('\n') + 1;
 }
 
-} // namespace vmesh
+} // namespace text

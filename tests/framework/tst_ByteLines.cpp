@@ -1,11 +1,11 @@
+#include "framework/ByteLines.h"
 #include "support/Devices.h"
-#include "vmesh/ByteLines.h"
 
 #include <QBuffer>
 #include <QTextStream>
 #include <QtTest>
 
-using vmesh::ByteLines;
+using text::ByteLines;
 
 namespace {
 
