@@ -46,6 +46,7 @@ private Q_SLOTS:
         image.fill(Qt::green);
         QVERIFY(image.save(folder->filePath(u"skin.png"_s)));
         write(u"s.mtl"_s, "newmtl m\nmap_Kd skin.png\n");
+        write(u"s2.mtl"_s, "newmtl m\nmap_Kd skin.png\nnewmtl n\nmap_Kd skin.png\n");
         write(u"huge.png"_s, support::pngHeader(20000, 20000));
     }
 
@@ -105,6 +106,11 @@ private Q_SLOTS:
         row("coordinates by position", QByteArray(mapped).replace("vt 0 1\n", "vt 0 1\nvt 1 1\n"),
             {u"obj-ignored-indices"_s},
             "line 11: a corner whose texture coordinate has another number than its position, and 6 more");
+        row("vertices of two materials",
+            "mtllib s2.mtl\nv 0 0 0\nv 9 0 0\nv 0 9 0\nv 9 9 0\nvt 0 0\nvt 1 0\nvt 0 1\nvt 1 1\n"
+            "usemtl m\nf 1/1 2/2 3/3\nusemtl n\nf 3/3 2/2 4/4\n",
+            {u"obj-shared-vertices"_s, u"open-edges"_s},
+            "line 13: a face shares vertices with one of another material");
         row("outside the texture", QByteArray(mapped).replace("vt 1 0", "vt 1.5 -1"),
             {u"texture-range"_s, u"texture-range"_s}, "line 7: u lies outside 0 to 1");
         row("library missing", QByteArray(mapped).replace("s.mtl", "t.mtl"),

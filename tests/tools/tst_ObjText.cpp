@@ -91,6 +91,11 @@ private Q_SLOTS:
         row("f 1 2 \\\n3", "continued", 1, 1);
         row("v 1 2 3 0.5 0.5 0.5\nv 1 2 3 1", "vertexColors", 1, 1);
         row("vt 0 0\nvt 1 1\nvt 1.5 0", "u", 1, 3);
+        row("usemtl a\nf 1 2 3\nusemtl b\nf 4 3 5\nf 4 5 6\nv 1 2 3\nv 1 2 3\nv 1 2 3\nv 1 2 3\n",
+            "sharedPositions", 1, 4);
+        row("usemtl a\nf 1 2 3\nusemtl a\nf 3 2 1\nusemtl b\nf 4 5 6\nv 1 2 3\nv 1 2 3\nv 1 2 3\nv 1 2 3\n",
+            "sharedPositions", 0, 0);
+        row("f 1 2 3\nusemtl b\nf 1 2 3\nusemtl c\nf 999999999 8 9\n", "sharedPositions", 0, 0);
         row("vt 0 -0.01\nvt nan nan", "v", 2, 1);
     }
 
@@ -102,19 +107,13 @@ private Q_SLOTS:
         QFETCH(qint64, firstLine);
         ObjText const text = textOf(lines);
         std::map<QByteArray, Occurrence> const found = {
-            {"quads", text.quads},
-            {"polygons", text.polygons},
-            {"shortFaces", text.shortFaces},
-            {"relative", text.relative},
-            {"badIndices", text.badIndices},
-            {"shortLines", text.shortLines},
-            {"badNumbers", text.badNumbers},
-            {"nonFinite", text.nonFinite},
-            {"tabs", text.tabs},
-            {"continued", text.continued},
-            {"vertexColors", text.vertexColors},
-            {"u", text.u.outside},
-            {"v", text.v.outside},
+            {"quads", text.quads},           {"polygons", text.polygons},
+            {"shortFaces", text.shortFaces}, {"relative", text.relative},
+            {"badIndices", text.badIndices}, {"shortLines", text.shortLines},
+            {"badNumbers", text.badNumbers}, {"sharedPositions", text.sharedPositions},
+            {"nonFinite", text.nonFinite},   {"tabs", text.tabs},
+            {"continued", text.continued},   {"vertexColors", text.vertexColors},
+            {"u", text.u.outside},           {"v", text.v.outside},
         };
         QCOMPARE(found.at(what).count, count);
         QCOMPARE(found.at(what).firstLine, firstLine);

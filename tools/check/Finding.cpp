@@ -95,6 +95,8 @@ constexpr std::array table = {
     warning("obj-ignored-indices"_L1, "with as many of them as positions these numbers are ignored: write "
                                       "one more \"vt\" or \"vn\" line, or "
                                       "make the numbers agree"),
+    warning("obj-shared-vertices"_L1,
+            "write one more \"vt\" line, in no face: then each material gets vertices of its own"),
     note("obj-vertex-colours"_L1, "colours behind positions are not read; for colours export as PLY"),
     // Materials and images of OBJ and PLY.
     warning("missing-library"_L1, "put the MTL file beside the OBJ file, or correct its name there"),

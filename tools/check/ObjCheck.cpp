@@ -89,6 +89,18 @@ void checkIgnoredIndices(ObjText const& text, Findings& findings)
                              u"a corner whose texture coordinate has another number than its position"_s));
 }
 
+// With a list for each position a vertex is not split: it keeps the coordinate of one material only.
+void checkSharedPositions(obj::Reading const& reading, Findings& findings)
+{
+    ObjText const& text = reading.text;
+    bool const isPerPosition =
+        text.textureCoordinates == text.vertices && (text.normals == 0 || text.normals == text.vertices);
+    bool const isAtlas = !reading.reader->getTexture().isNull() && text.materials.all().size() > 1;
+    if (isPerPosition && isAtlas && text.sharedPositions)
+        findings.add("obj-shared-vertices"_L1,
+                     counted(text.sharedPositions, u"a face shares vertices with one of another material"_s));
+}
+
 void checkTextureRange(ObjText const& text, Findings& findings)
 {
     for (auto const& [axis, range] : {std::pair('u', &text.u), std::pair('v', &text.v)}) {
@@ -172,6 +184,7 @@ void checkObj(Check& check)
     bool const isRead = inspection.code == ExitCode::Ok;
     checkLines(reading->text, isRead, check.findings);
     checkIgnoredIndices(reading->text, check.findings);
+    checkSharedPositions(*reading, check.findings);
     checkTextureRange(reading->text, check.findings);
     checkMaterials(check, *reading);
     if (isRead)

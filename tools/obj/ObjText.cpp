@@ -2,6 +2,8 @@
 
 #include "obj/TextLines.h"
 
+#include <QIODevice>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -74,6 +76,7 @@ class Reader
 public:
     explicit Reader(QIODevice& device)
         : lines(device)
+        , mostPositions(device.size() / bytesOfShortestPosition)
     {}
 
     ObjText read()
@@ -173,6 +176,7 @@ private:
         kind.corners = static_cast<int>(tokens.size()) - 1;
         for (std::size_t i = 1; i < tokens.size(); ++i)
             readCorner(cornerOf(tokens[i]), i, kind);
+        noteSharedPositions(tokens);
         ++text.faces;
         ++text.faceKinds[kind];
         countFace(kind);
@@ -198,6 +202,24 @@ private:
         text.positionIndices.add(corner.indices[0], lines.number());
         text.textureIndices.add(corner.indices[1], lines.number());
         text.normalIndices.add(corner.indices[2], lines.number());
+    }
+
+    // An index is a claim: no file has more positions than its bytes allow.
+    void noteSharedPositions(Tokens const& tokens)
+    {
+        bool isShared = false;
+        for (std::size_t i = 1; i < tokens.size() && i <= cornersRead; ++i) {
+            int const index = cornerOf(tokens[i]).indices[0];
+            if (index < 1 || index > mostPositions || text.materials.ordinal() == 0)
+                continue;
+            if (std::size_t(index) > materialOfPosition.size())
+                materialOfPosition.resize(static_cast<std::size_t>(index), 0);
+            int& material = materialOfPosition[static_cast<std::size_t>(index) - 1];
+            isShared = isShared || (material != 0 && material != text.materials.ordinal());
+            material = text.materials.ordinal();
+        }
+        if (isShared)
+            text.sharedPositions.add(lines.number());
     }
 
     void countFace(FaceKind const& kind)
@@ -226,7 +248,11 @@ private:
     static constexpr qsizetype longestKeyword = 40;
     static constexpr std::size_t cornersRead = 3; // whatever a polygon has
 
+    static constexpr qint64 bytesOfShortestPosition = 8; // "v 1 2 3" and the line feed
+
     TextLines lines;
+    qint64 mostPositions;
+    std::vector<int> materialOfPosition;
     ObjText text;
 };
 

@@ -86,6 +86,8 @@ public:
     };
     std::vector<Entry> const& all() const { return entries; }
     qint64 facesOf(QString const& name) const;
+    /// Of the name that faces are of now, from 1 on; 0 without one.
+    int ordinal() const { return current ? static_cast<int>(*current) + 1 : 0; }
     /// Before the first name, or behind an empty one.
     qint64 facesWithout() const { return withoutName; }
 
@@ -139,6 +141,8 @@ struct ObjText
     /// Corners whose texture coordinate or normal has another number than their position.
     Occurrence otherTexture;
     Occurrence otherNormal;
+    /// Faces with a position that a face of another material has too.
+    Occurrence sharedPositions;
     IndexUse positionIndices;
     IndexUse textureIndices;
     IndexUse normalIndices;
