@@ -21,7 +21,10 @@ QVector3D vectorOf(aiVector3D const& v)
 
 unsigned int packed(aiColor4D const& color)
 {
-    auto const byte = [](float value) { return static_cast<unsigned int>(value * 255.0f + 0.5f) & 0xFFu; };
+    // It passes on whatever stands in the file: NaN has no byte, and neither has what lies outside.
+    auto const byte = [](float value) {
+        return value >= 0.0f && value <= 1.0f ? static_cast<unsigned int>(value * 255.0f + 0.5f) : 0u;
+    };
     return byte(color.r) | byte(color.g) << 8 | byte(color.b) << 16 | byte(color.a) << 24;
 }
 
