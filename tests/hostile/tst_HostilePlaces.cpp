@@ -3,6 +3,7 @@
 #include "hostile/Bounds.h"
 #include "hostile/Messages.h"
 #include "hostile/QuickFolder.h"
+#include "hostile/Sanitizers.h"
 #include "hostile/Subjects.h"
 
 #include <QFile>
@@ -139,6 +140,8 @@ void tst_HostilePlaces::holes()
     Subject const& subject = fetched();
     if (subject.suffix == "obj")
         QSKIP("an OBJ line may be as long as memory holds");
+    if (hostile::isSanitized && subject.suffix == "ply")
+        QSKIP("a line of 64 MiB, which the sanitizer's realloc copies with each piece that is read");
     hostile::Messages const messages;
     hostile::QuickFolder const folder;
     QString const path = folder.write(withSuffix(subject, u"holes"_s), QByteArray());
