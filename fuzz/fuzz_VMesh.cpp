@@ -1,31 +1,11 @@
 #include "Fuzz.h"
-#include "support/PrivateAccess.h"
+#include "support/VMeshWalks.h"
 #include "support/VolumeMeshes.h"
 #include "vmesh/FaceRows.h"
 #include "vmesh/MTModelVMeshParser.h"
 #include "vmesh/MTModelVMeshWriter.h"
 
 #include <algorithm>
-
-namespace support {
-
-using Walk = bool (MTModelVMeshParser::*)(QIODevice&, qint64&);
-
-struct ReadWith
-{
-    using Member = bool (MTModelVMeshParser::*)(Walk);
-    friend Member privateMember(ReadWith);
-};
-template struct PrivateMember<ReadWith, &MTModelVMeshParser::readWith>;
-
-struct ReadText
-{
-    using Member = Walk;
-    friend Member privateMember(ReadText);
-};
-template struct PrivateMember<ReadText, &MTModelVMeshParser::readText>;
-
-} // namespace support
 
 namespace {
 

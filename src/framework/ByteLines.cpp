@@ -10,6 +10,14 @@ constexpr std::size_t blockBytes = 262144;
 
 } // namespace
 
+bool isAscii(QByteArrayView bytes)
+{
+    unsigned char found = 0;
+    for (char const byte : bytes)
+        found |= static_cast<unsigned char>(byte);
+    return found < 0x80;
+}
+
 ByteLines::ByteLines(QIODevice& device_)
     : device(device_)
     , buffer(blockBytes)
@@ -64,9 +72,9 @@ QByteArrayView ByteLines::line() const
     return QByteArrayView(text(), length);
 }
 
-void ByteLines::skipLine()
+void ByteLines::goBehind(QByteArrayView line)
 {
-    next += QByteArrayView(text(), wholeLines - next).indexOf('\n') + 1;
+    goTo(line.end() + (*line.end() == '\r' ? 2 : 1));
 }
 
 } // namespace text

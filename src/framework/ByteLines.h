@@ -11,6 +11,8 @@ namespace text {
 /// end would take several times its bytes of memory.
 constexpr qsizetype longestLine = qsizetype(4) * 1024 * 1024;
 
+bool isAscii(QByteArrayView bytes);
+
 /// The lines of a device as bytes, many at a time, cut as `QTextStream::readLine` cuts text of one byte a
 /// character: at line feeds, without one carriage return before the line feed or at the end of the data.
 /// Holds as much of the device as its longest line, or a block.
@@ -31,7 +33,8 @@ public:
     QByteArrayView line() const;
     /// Goes on behind the line, which `end` is the end of: the byte behind its line feed.
     void goTo(char const* end) { next = end - buffer.data(); }
-    void skipLine();
+    /// Goes on behind the line that `line()` gave.
+    void goBehind(QByteArrayView line);
 
 private:
     bool readMore();

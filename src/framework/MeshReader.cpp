@@ -1,6 +1,8 @@
 #include "framework/MeshReader.h"
 
+#include "framework/FileAccess.h"
 #include "framework/MemoryGuard.h"
+#include "framework/MeshRecord.h"
 #include "obj/OBJReaderHelper.h"
 #include "ply/PLYReader.h"
 #include "stl/STLReader.h"
@@ -16,7 +18,6 @@
 #include <atomic>
 #include <memory>
 #include <new>
-#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
@@ -45,40 +46,24 @@ bool areCountsCredible(qint32 numVertices, qint32 numIndices, qint64 fileSize)
     return bytes <= allowedBytes(fileSize);
 }
 
-// How a value is stored: floats as doubles.
-template <typename Value>
-using Stored = std::conditional_t<std::is_same_v<Value, float>, double, Value>;
-
-// As many bytes as there are, up to `size`.
-qsizetype readFully(QDataStream& stream, char* target, qsizetype size)
-{
-    qsizetype done = 0;
-    while (done < size) {
-        int const count = stream.readRawData(target + done, static_cast<int>(size - done));
-        if (count <= 0)
-            break;
-        done += count;
-    }
-    return done;
-}
-
 // Zeros from the first value on that the stream lacks. Null when there is no memory for it.
 template <typename Value>
 std::unique_ptr<Value[]> readArray(QDataStream& stream, qint64 count)
 {
-    constexpr qint64 valuesAtOnce = 8192;
-    std::array<char, valuesAtOnce * sizeof(Stored<Value>)> block;
+    using meshrecord::valuesAtOnce;
+    using Stored = meshrecord::Stored<Value>;
+    std::array<char, valuesAtOnce * sizeof(Stored)> block;
     std::unique_ptr<Value[]> values(new (std::nothrow) Value[static_cast<std::size_t>(count)]());
     Value* next = values.get();
     while (values && count > 0 && stream.status() == QDataStream::Ok) {
-        qsizetype const bytes = std::min(count, valuesAtOnce) * qsizetype(sizeof(Stored<Value>));
-        qsizetype const there = readFully(stream, block.data(), bytes);
+        qsizetype const bytes = std::min(count, valuesAtOnce) * qsizetype(sizeof(Stored));
+        qsizetype const there = files::readFully(stream.device(), block.data(), bytes);
         if (there < bytes)
             stream.setStatus(QDataStream::ReadPastEnd);
-        qsizetype const whole = there / qsizetype(sizeof(Stored<Value>));
+        qsizetype const whole = there / qsizetype(sizeof(Stored));
         auto const* stored = block.data();
-        for (Value* const end = next + whole; next != end; ++next, stored += sizeof(Stored<Value>))
-            *next = static_cast<Value>(qFromBigEndian<Stored<Value>>(stored));
+        for (Value* const end = next + whole; next != end; ++next, stored += sizeof(Stored))
+            *next = static_cast<Value>(qFromBigEndian<Stored>(stored));
         count -= std::min(count, valuesAtOnce);
     }
     return values;
@@ -139,7 +124,7 @@ bool readRecord(QString const& path, int* numVertices, float** vertices, float**
                 int** indices)
 {
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) // Qt logs an empty name
+    if (!files::open(file, QIODevice::ReadOnly))
         return false;
     QDataStream stream(&file);
     stream.setVersion(QDataStream::Qt_5_15);

@@ -1,5 +1,7 @@
 #include "framework/MeshWriter.h"
 
+#include "framework/FileAccess.h"
+#include "framework/MeshRecord.h"
 #include "ply/PLYWriter.h"
 #include "stl/STLWriter.h"
 
@@ -11,7 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
@@ -39,12 +40,12 @@ bool writeStl(QString const& path, geometry::Mesh const& mesh)
     return false;
 }
 
-// Big-endian, floats as doubles: what the stream's operators write, many values at once.
+// What the stream's operators write, many values at once.
 template <typename Value>
 void writeArray(QDataStream& stream, Value const* values, qint64 count)
 {
-    using Stored = std::conditional_t<std::is_same_v<Value, float>, double, Value>;
-    constexpr qint64 valuesAtOnce = 8192;
+    using meshrecord::valuesAtOnce;
+    using Stored = meshrecord::Stored<Value>;
     std::array<char, valuesAtOnce * sizeof(Stored)> block;
     while (count > 0) {
         qint64 const size = std::min(count, valuesAtOnce);
@@ -73,7 +74,7 @@ bool MeshWriter::write(QString const& path, int numVertices, float* vertices, fl
                        int* indices)
 {
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::WriteOnly)) // Qt logs an empty name
+    if (!files::open(file, QIODevice::WriteOnly))
         return false;
     QDataStream stream(&file);
     stream.setVersion(QDataStream::Qt_5_15);

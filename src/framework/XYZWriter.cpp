@@ -1,5 +1,7 @@
 #include "framework/XYZWriter.h"
 
+#include "framework/FileAccess.h"
+
 #include <QFile>
 #include <QTextStream>
 
@@ -17,7 +19,7 @@ QString number(float value)
 bool XYZWriter::write(QString const& path, QList<QVector3D> const& points)
 {
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::WriteOnly)) // Qt logs an empty name
+    if (!files::open(file, QIODevice::WriteOnly))
         return false;
     if (points.isEmpty())
         return false;

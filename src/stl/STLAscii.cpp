@@ -1,5 +1,6 @@
 #include "stl/STLAscii.h"
 
+#include "framework/ByteLines.h"
 #include "framework/NumberParsing.h"
 
 #include <QString>
@@ -56,14 +57,6 @@ bool isWhiteSpace(char c)
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-bool isAscii(QByteArrayView bytes)
-{
-    unsigned char found = 0;
-    for (char const byte : bytes)
-        found |= static_cast<unsigned char>(byte);
-    return found < 0x80;
-}
-
 char const* skipSpaces(char const* next, char const* end)
 {
     while (next != end && *next == ' ')
@@ -88,7 +81,7 @@ std::optional<QVector3D> parsePlainVertex(QByteArrayView line)
         if (!numbers::takeFloat(next, end, number))
             return {};
     }
-    bool const isWhole = next == end || (*next == ' ' && isAscii(QByteArrayView(next, end)));
+    bool const isWhole = next == end || (*next == ' ' && text::isAscii(QByteArrayView(next, end)));
     return isWhole ? std::optional(QVector3D(xyz[0], xyz[1], xyz[2])) : std::nullopt;
 }
 
@@ -97,7 +90,7 @@ std::optional<QVector3D> parsePlainVertex(QByteArrayView line)
 bool isOtherText(QByteArrayView line)
 {
     char const* const first = std::find_if_not(line.begin(), line.end(), isWhiteSpace);
-    return first != line.end() && isAscii(QByteArrayView(first, 1)) &&
+    return first != line.end() && text::isAscii(QByteArrayView(first, 1)) &&
            *first != vertexKeyword.front().toLatin1() && line.isValidUtf8();
 }
 
@@ -150,15 +143,15 @@ Line parseLine(QByteArrayView line, QVector3D& vertex)
 {
     std::optional<QVector3D> parsed = parsePlainVertex(line);
     if (!parsed) {
-        if (!isAscii(line))
+        if (!text::isAscii(line))
             return isOtherText(line) ? Line::Skipped : Line::Unclear;
         char const* const first = std::find_if_not(line.begin(), line.end(), isWhiteSpace);
         if (first == line.end() || *first != vertexKeyword.front().toLatin1())
             return Line::Skipped;
-        QString const text = QString::fromLatin1(line);
-        if (!isVertexLine(text))
+        QString const decoded = QString::fromLatin1(line);
+        if (!isVertexLine(decoded))
             return Line::Skipped;
-        parsed = parseVertex(text);
+        parsed = parseVertex(decoded);
     }
     vertex = parsed.value_or(vertex);
     return parsed ? Line::Vertex : Line::Broken;

@@ -1,5 +1,6 @@
 #include "stl/STLFacets.h"
 
+#include "framework/FileAccess.h"
 #include "stl/STLLayout.h"
 
 #include <QDataStream>
@@ -37,7 +38,7 @@ void readBlocks(QIODevice* device, int facets, float* vertices)
     QByteArray block(qsizetype(std::min(facets, facetsAtOnce)) * facetBytes, Qt::Uninitialized);
     for (int done = 0; done < facets; done += facetsAtOnce) {
         qsizetype const size = qsizetype(std::min(facets - done, facetsAtOnce)) * facetBytes;
-        qint64 const bytes = readFully(device, block.data(), size);
+        qint64 const bytes = files::readFully(device, block.data(), size);
         clearMissing(block, bytes, size);
         for (qsizetype facet = 0; facet < size; facet += facetBytes, vertices += coordinatesPerFacet)
             qFromLittleEndian<float>(block.constData() + facet, coordinatesPerFacet, vertices);
@@ -64,18 +65,6 @@ bool isWalkable(STLDataFormat const& format)
 {
     return format.recordSize > 0 && format.vertexBlockSize >= 0 &&
            format.vertexBlockSize <= format.recordSize;
-}
-
-qint64 readFully(QIODevice* device, char* target, qint64 size)
-{
-    qint64 done = 0;
-    while (done < size) {
-        qint64 const bytes = device->read(target + done, size - done);
-        if (bytes <= 0)
-            break;
-        done += bytes;
-    }
-    return done;
 }
 
 int facetsPresent(QDataStream& stream, STLDataFormat const& format, int claimed, qint64 offset)
@@ -136,7 +125,7 @@ AttributeWord AttributeReader::readAlone(qint64 position)
 {
     AttributeWord word;
     if (seekTo(device, position + format.vertexBlockSize))
-        word.isComplete = readFully(device, word.bytes.data(), attributeBytes) == attributeBytes;
+        word.isComplete = files::readFully(device, word.bytes.data(), attributeBytes) == attributeBytes;
     return word;
 }
 
@@ -153,7 +142,7 @@ void AttributeReader::readBlock(qint64 position)
     qint64 const wanted = std::min<qint64>(mostBytes, format.dataSize - position);
     block.resize(std::max<qint64>(0, wanted));
     blockStart = position;
-    block.resize(seekTo(device, position) ? readFully(device, block.data(), block.size()) : 0);
+    block.resize(seekTo(device, position) ? files::readFully(device, block.data(), block.size()) : 0);
 }
 
 } // namespace stl

@@ -24,9 +24,6 @@ bool hasByteAt(QIODevice* device, qint64 position);
 /// can be told from the next.
 bool isWalkable(STLDataFormat const& format);
 
-/// Reads `size` bytes, however few the device hands out at a time. Fewer only when it gives nothing more.
-qint64 readFully(QIODevice* device, char* target, qint64 size);
-
 /// How many of `claimed` facet records from byte `offset` on (of a facet's first vertex) have vertex bytes on
 /// the device; a record cut short counts. Asks the device for bytes, as its size may be a claim as well, in
 /// as many steps as the claim has bits. 0 for a format that is not walkable, a claim that is

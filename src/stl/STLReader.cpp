@@ -1,6 +1,7 @@
 #include "stl/STLReader.h"
 
 #include "framework/ByteLines.h"
+#include "framework/FileAccess.h"
 #include "framework/MemoryGuard.h"
 #include "stl/STLAscii.h"
 #include "stl/STLCleaning.h"
@@ -40,7 +41,7 @@ std::optional<quint32> readCount(QDataStream& stream, qint64 size)
     if (size < stl::firstFacetOffset || !stl::seekTo(stream.device(), stl::headerBytes))
         return {};
     // A count cut short reads as 0.
-    qint64 const present = stl::readFully(stream.device(), bytes.data(), stl::countBytes);
+    qint64 const present = files::readFully(stream.device(), bytes.data(), stl::countBytes);
     return present == stl::countBytes ? qFromLittleEndian<quint32>(bytes.data()) : 0;
 }
 
@@ -164,7 +165,7 @@ std::optional<bool> STLReader::readAsciiBytes(QIODevice& device, std::atomic<boo
             return false;
         }
         stl::Line const line = stl::parseLine(bytes, vertex);
-        lines.goTo(bytes.end() + (*bytes.end() == '\r' ? 2 : 1));
+        lines.goBehind(bytes);
         if (line == stl::Line::Unclear)
             return {};
         if (line == stl::Line::Skipped || isFirst)

@@ -1,18 +1,16 @@
 #include "vmesh/MTModelBoundaryConditionsParser.h"
 
-#include "framework/ByteLines.h"
 #include "framework/MemoryGuard.h"
+#include "vmesh/LineWalk.h"
 #include "vmesh/NumberRow.h"
 #include "vmesh/SharedArray.h"
 
 #include <QDebug>
 #include <QFile>
 #include <QStringList>
-#include <QTextStream>
 
 #include <algorithm>
 #include <array>
-#include <new>
 
 namespace {
 
@@ -21,13 +19,25 @@ constexpr int components = 3;
 constexpr qsizetype partsOfCondition = 1 + components;
 constexpr qint64 leastConditionBytes = 8; // "0 0 0 0" and its line feed
 
-bool isAscii(QByteArrayView bytes)
-{
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 } // namespace
+
+struct MTModelBoundaryConditionsParser::Steps
+{
+    MTModelBoundaryConditionsParser& parser;
+
+    bool parseLine(QString const& line, qint64 lineNumber) const
+    {
+        return parser.parseLine(line, lineNumber);
+    }
+    char const* readRow(char const* row, qint64 lineNumber) const { return parser.readRow(row, lineNumber); }
+    bool isDone(qint64) const { return parser.allBoundaryConditionsRead(); }
+    void restart() const
+    {
+        qint64 const fileBytes = parser.fileBytes;
+        parser.clear();
+        parser.fileBytes = fileBytes;
+    }
+};
 
 MTModelBoundaryConditionsParser::MTModelBoundaryConditionsParser(QString const& fileName_)
     : fileName(fileName_)
@@ -72,59 +82,17 @@ bool MTModelBoundaryConditionsParser::readFile()
 
 bool MTModelBoundaryConditionsParser::readLines(QIODevice& device, qint64& lineNumber)
 {
-    try {
-        return readBytes(device, lineNumber);
-    } catch (std::bad_alloc const&) { // a line that is longer than there is memory
-        return false;
-    }
+    return memory::succeeds([&] { return readBytes(device, lineNumber); });
 }
 
 bool MTModelBoundaryConditionsParser::readText(QIODevice& device, qint64& lineNumber)
 {
-    QTextStream stream(&device);
-    QString line;
-    do {
-        ++lineNumber; // a line may be more than there is memory for
-        line = stream.readLine(text::longestLine);
-        if (line.size() == text::longestLine || !parseLine(line, lineNumber))
-            return false;
-    } while (!allBoundaryConditionsRead() && !line.isNull());
-    return true;
+    return vmesh::walkText(device, lineNumber, Steps{*this});
 }
 
-// From the start, after bytes that are not ASCII: until then bytes and text have been the same.
-bool MTModelBoundaryConditionsParser::readTextAgain(QIODevice& device, qint64& lineNumber)
-{
-    if (!device.seek(0))
-        return false;
-    qint64 const size = fileBytes;
-    clear();
-    fileBytes = size;
-    lineNumber = 0;
-    return readText(device, lineNumber);
-}
-
-// As readText, for a file of ASCII several times faster.
 bool MTModelBoundaryConditionsParser::readBytes(QIODevice& device, qint64& lineNumber)
 {
-    if (device.isSequential()) // no way back to the start
-        return readText(device, lineNumber);
-    text::ByteLines lines(device);
-    do {
-        ++lineNumber;
-        if (!lines.fetch())
-            return !lines.isLineTooLong() && parseLine(QString(), lineNumber);
-        if (char const* const end = readRow(lines.text(), lineNumber)) {
-            lines.goTo(end);
-            continue;
-        }
-        if (!isAscii(lines.line()))
-            return readTextAgain(device, lineNumber);
-        if (!parseLine(QString::fromLatin1(lines.line()), lineNumber))
-            return false;
-        lines.skipLine();
-    } while (!allBoundaryConditionsRead());
-    return true;
+    return vmesh::walkBytes(device, lineNumber, Steps{*this});
 }
 
 // Null for a line that is no condition, or not in the usual spelling.

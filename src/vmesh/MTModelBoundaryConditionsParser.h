@@ -36,10 +36,11 @@ public:
     MTModelBoundaryConditions getBoundaryConditions() const;
 
 private:
+    struct Steps;
+
     bool readFile();
     bool readLines(QIODevice& device, qint64& lineNumber);
     bool readText(QIODevice& device, qint64& lineNumber);
-    bool readTextAgain(QIODevice& device, qint64& lineNumber);
     bool readBytes(QIODevice& device, qint64& lineNumber);
     char const* readRow(char const* row, qint64 lineNumber);
     bool parseLine(QString const& line, qint64 lineNumber);

@@ -1,17 +1,15 @@
 #include "vmesh/MTModelVMeshParser.h"
 
-#include "framework/ByteLines.h"
 #include "framework/MemoryGuard.h"
+#include "vmesh/LineWalk.h"
 #include "vmesh/NumberLine.h"
 #include "vmesh/NumberRow.h"
 #include "vmesh/SharedArray.h"
 
 #include <QDebug>
 #include <QFile>
-#include <QTextStream>
 
 #include <algorithm>
-#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -40,19 +38,34 @@ bool isTetrahedronCountCredible(qint64 count, qint64 fileBytes)
     return excess <= 0 || (excess - 1) / bytesForEachByte < fileBytes;
 }
 
-bool isAscii(QByteArrayView bytes)
-{
-    constexpr unsigned char lastAscii = 0x7f;
-    return std::ranges::all_of(bytes,
-                               [](char byte) { return static_cast<unsigned char>(byte) <= lastAscii; });
-}
-
 bool isWithin(qint64 index, qint64 count)
 {
     return 0 <= index && index < count;
 }
 
 } // namespace
+
+struct MTModelVMeshParser::Steps
+{
+    MTModelVMeshParser& parser;
+
+    bool parseLine(QString const& line, qint64 lineNumber) const
+    {
+        return parser.parseLine(line, lineNumber);
+    }
+    char const* readRow(char const* row, qint64 lineNumber) const { return parser.readRow(row, lineNumber); }
+    // What follows the last row needs no look.
+    bool isDone(qint64 lineNumber) const
+    {
+        return lineNumber >= sizesLine && lineNumber >= parser.lastRowLine();
+    }
+    void restart() const
+    {
+        qint64 const fileBytes = parser.room.fileBytes;
+        parser.clear();
+        parser.room.fileBytes = fileBytes;
+    }
+};
 
 MTModelVMeshParser::MTModelVMeshParser(QString const& fileName_)
     : fileName(fileName_)
@@ -97,60 +110,17 @@ bool MTModelVMeshParser::readWith(Walk walk)
 
 bool MTModelVMeshParser::walkSafely(Walk walk, QIODevice& device, qint64& lineNumber)
 {
-    try {
-        return (this->*walk)(device, lineNumber);
-    } catch (std::bad_alloc const&) { // a line that is longer than there is memory
-        return false;
-    }
+    return memory::succeeds([&] { return (this->*walk)(device, lineNumber); });
 }
 
 bool MTModelVMeshParser::readText(QIODevice& device, qint64& lineNumber)
 {
-    QTextStream stream(&device);
-    QString line;
-    do {
-        ++lineNumber; // a line may be more than there is memory for
-        line = stream.readLine(text::longestLine);
-        if (line.size() == text::longestLine || !parseLine(line, lineNumber))
-            return false;
-    } while (!line.isNull());
-    return true;
+    return vmesh::walkText(device, lineNumber, Steps{*this});
 }
 
-// From the start, after bytes that are not ASCII. They can only be the last that were looked at: until then
-// bytes and text have been the same.
-bool MTModelVMeshParser::readTextAgain(QIODevice& device, qint64& lineNumber)
-{
-    if (!device.seek(0))
-        return false;
-    qint64 const fileBytes = room.fileBytes;
-    clear();
-    room.fileBytes = fileBytes;
-    lineNumber = 0;
-    return readText(device, lineNumber);
-}
-
-// As readText, for a file of ASCII several times faster. What follows the last row needs no look.
 bool MTModelVMeshParser::readBytes(QIODevice& device, qint64& lineNumber)
 {
-    if (device.isSequential()) // no way back to the start
-        return readText(device, lineNumber);
-    text::ByteLines lines(device);
-    while (lineNumber < sizesLine || lineNumber < lastRowLine()) {
-        ++lineNumber;
-        if (!lines.fetch())
-            return parseLine(QString(), lineNumber);
-        if (char const* const end = readRow(lines.text(), lineNumber)) {
-            lines.goTo(end);
-            continue;
-        }
-        if (!isAscii(lines.line()))
-            return readTextAgain(device, lineNumber);
-        if (!parseLine(QString::fromLatin1(lines.line()), lineNumber))
-            return false;
-        lines.skipLine();
-    }
-    return true;
+    return vmesh::walkBytes(device, lineNumber, Steps{*this});
 }
 
 qint64 MTModelVMeshParser::lastRowLine() const

@@ -44,10 +44,11 @@ private:
     /// Parses the lines of a device, up to the line number that comes out. False when that line is malformed.
     using Walk = bool (MTModelVMeshParser::*)(QIODevice& device, qint64& lineNumber);
 
+    struct Steps;
+
     bool readWith(Walk walk);
     bool walkSafely(Walk walk, QIODevice& device, qint64& lineNumber);
     bool readText(QIODevice& device, qint64& lineNumber);
-    bool readTextAgain(QIODevice& device, qint64& lineNumber);
     bool readBytes(QIODevice& device, qint64& lineNumber);
     qint64 lastRowLine() const;
     char const* readRow(char const* row, qint64 lineNumber);

@@ -13,29 +13,6 @@ using support::plyPosition;
 
 namespace {
 
-// Sets the flag when the byte at `offset` is asked for.
-class CancellingDevice : public support::TrickleDevice
-{
-public:
-    CancellingDevice(QByteArray const& content, qint64 offset_)
-        : TrickleDevice(content, 1)
-        , offset(offset_)
-    {}
-
-    std::atomic<bool> cancel = false;
-
-protected:
-    qint64 readData(char* target, qint64 maxSize) override
-    {
-        if (pos() >= offset)
-            cancel = true;
-        return TrickleDevice::readData(target, maxSize);
-    }
-
-private:
-    qint64 offset;
-};
-
 QByteArray fullFile()
 {
     support::PLYBody body;
@@ -76,7 +53,7 @@ void tst_PLYReaderCancel::cancelledAnywhere()
 {
     QByteArray const file = fullFile();
     for (qint64 offset = 0; offset < file.size(); ++offset) {
-        CancellingDevice device(file, offset);
+        support::CancellingDevice device(file, offset);
         PLYReader reader(PLYReader::MeshMode);
         QVERIFY2(!reader.read(&device, device.cancel), QByteArray::number(offset).constData());
         QVERIFY(reader.getMesh().isNull());
@@ -84,7 +61,7 @@ void tst_PLYReaderCancel::cancelledAnywhere()
         // It stops at the next line or value, not some time later.
         QVERIFY(device.pos() <= offset + 64);
     }
-    CancellingDevice device(file, file.size() + 1);
+    support::CancellingDevice device(file, file.size() + 1);
     PLYReader reader(PLYReader::MeshMode);
     QVERIFY(reader.read(&device, device.cancel));
     QVERIFY(reader.getMaterial());
@@ -95,7 +72,7 @@ void tst_PLYReaderCancel::cancelledAmongPoints()
     QByteArray const file =
         plyHeader(3, plyPosition, 0) + support::PLYBody().f32({1, 2, 3, 4, 5, 6, 7, 8, 9}).bytes;
     for (qint64 offset = file.size() - 36; offset < file.size() - 4; ++offset) {
-        CancellingDevice device(file, offset);
+        support::CancellingDevice device(file, offset);
         PLYReader reader(PLYReader::PointCloudMode);
         QVERIFY2(!reader.read(&device, device.cancel),
                  (QByteArray::number(offset) + " of " + QByteArray::number(file.size())).constData());
@@ -111,11 +88,11 @@ void tst_PLYReaderCancel::writesNoMessage()
     QVERIFY(!reader.read(QByteArray("comment TextureFile no.png\n") + fullFile(), cancel));
     for (QByteArray const line : {"element face 1\n", "property float what\n", "format ascii 1.0\n"}) {
         QByteArray const start = "ply\ncomment padding\n";
-        CancellingDevice device(start + line + fullFile(), start.size() - 1);
+        support::CancellingDevice device(start + line + fullFile(), start.size() - 1);
         QVERIFY(!reader.read(&device, device.cancel));
     }
     QByteArray const ascii = fullFile().replace("binary_little_endian", "ascii");
-    CancellingDevice device(ascii, ascii.indexOf("end_header"));
+    support::CancellingDevice device(ascii, ascii.indexOf("end_header"));
     QVERIFY(!reader.read(&device, device.cancel));
 }
 

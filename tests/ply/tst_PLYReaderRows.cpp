@@ -21,6 +21,7 @@ template struct PrivateMember<DecodesRows, &PLYReader::decodesRows>;
 } // namespace support
 
 using ply_random::File;
+using support::CancellingDevice;
 using support::SequentialDevice;
 using support::TrickleDevice;
 
@@ -134,29 +135,6 @@ void readBothWays(File const& file, qint64 chunk)
     Device second(file.bytes(), chunk);
     compare(outcomeOf(file, first, never, true), outcomeOf(file, second, never, false), file.bytes());
 }
-
-// Sets the flag when the byte at `offset` is asked for.
-class CancellingDevice : public TrickleDevice
-{
-public:
-    CancellingDevice(QByteArray const& content, qint64 offset_)
-        : TrickleDevice(content, 1)
-        , offset(offset_)
-    {}
-
-    std::atomic<bool> cancel = false;
-
-protected:
-    qint64 readData(char* target, qint64 maxSize) override
-    {
-        if (pos() >= offset)
-            cancel = true;
-        return TrickleDevice::readData(target, maxSize);
-    }
-
-private:
-    qint64 offset;
-};
 
 } // namespace
 

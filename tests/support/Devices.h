@@ -4,6 +4,7 @@
 #include <QIODevice>
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 
 namespace support {
@@ -34,6 +35,29 @@ protected:
 private:
     QByteArray bytes;
     qint64 chunk;
+};
+
+/// Hands out one byte a call, and sets the flag when the byte at `offset` is asked for.
+class CancellingDevice : public TrickleDevice
+{
+public:
+    CancellingDevice(QByteArray const& content, qint64 offset_)
+        : TrickleDevice(content, 1)
+        , offset(offset_)
+    {}
+
+    std::atomic<bool> cancel = false;
+
+protected:
+    qint64 readData(char* target, qint64 maxSize) override
+    {
+        if (pos() >= offset)
+            cancel = true;
+        return TrickleDevice::readData(target, maxSize);
+    }
+
+private:
+    qint64 offset;
 };
 
 /// A sequential device over bytes, as a pipe or socket is: no size, no seeking.

@@ -1,38 +1,11 @@
 #include "VMeshFile.h"
-#include "support/PrivateAccess.h"
+#include "support/VMeshWalks.h"
 #include "support/VolumeMeshes.h"
 #include "vmesh/FaceRows.h"
 
 #include <QStringEncoder>
 
 #include <random>
-
-namespace support {
-
-using Walk = bool (MTModelVMeshParser::*)(QIODevice&, qint64&);
-
-struct ReadWith
-{
-    using Member = bool (MTModelVMeshParser::*)(Walk);
-    friend Member privateMember(ReadWith);
-};
-template struct PrivateMember<ReadWith, &MTModelVMeshParser::readWith>;
-
-struct ReadText
-{
-    using Member = Walk;
-    friend Member privateMember(ReadText);
-};
-template struct PrivateMember<ReadText, &MTModelVMeshParser::readText>;
-
-struct ReadBytes
-{
-    using Member = Walk;
-    friend Member privateMember(ReadBytes);
-};
-template struct PrivateMember<ReadBytes, &MTModelVMeshParser::readBytes>;
-
-} // namespace support
 
 namespace {
 
@@ -50,7 +23,7 @@ void log(QtMsgType type, QMessageLogContext const&, QString const& text)
     loggedMessages->append(QString::number(type) + u' ' + text);
 }
 
-Outcome read(QString const& path, support::Walk walk)
+Outcome read(QString const& path, support::VMeshWalk walk)
 {
     Outcome outcome;
     loggedMessages = &outcome.messages;
@@ -173,6 +146,17 @@ class tst_MTModelVMeshParserWalks : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    // One is refused and one is beyond the last row, where nothing matters.
+    void agreeOnEndlessLines()
+    {
+        QByteArray const longLine(qsizetype(5) << 20, 'x');
+        Comparison comparison;
+        QVERIFY(comparison.agrees("# Labeled" + longLine + "\n0 0 0 0"));
+        QCOMPARE(comparison.successes, 0);
+        QVERIFY(comparison.agrees(boxText(1) + '\n' + longLine));
+        QCOMPARE(comparison.successes, 1);
+    }
+
     void agreeOnMeshes()
     {
         Comparison comparison;
