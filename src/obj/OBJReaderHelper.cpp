@@ -1,5 +1,6 @@
 #include "obj/OBJReaderHelper.h"
 
+#include "framework/FileAccess.h"
 #include "framework/MemoryGuard.h"
 #include "obj/OBJReader.h"
 
@@ -10,9 +11,8 @@ namespace {
 
 bool open(QFile& file)
 {
-    // Qt logs an empty name; a system takes a NUL for the end of the name, and would open another file.
-    QString const name = file.fileName();
-    return !name.isEmpty() && !name.contains(QChar(u'\0')) && file.open(QIODevice::ReadOnly);
+    // A system takes a NUL for the end of the name, and would open another file.
+    return !file.fileName().contains(QChar(u'\0')) && files::open(file, QIODevice::ReadOnly);
 }
 
 // `code` stays as it is for a file that cannot be opened.

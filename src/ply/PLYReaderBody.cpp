@@ -72,8 +72,7 @@ PropertyList facePropertiesOf(PLYHeader const& header)
     for (int i = 0; i < header.getFacePropertiesCount(); ++i) {
         ply::Property const property = header.getFaceProperty(i);
         ply::Type const type = header.getFacePropertyType(i);
-        bool const isColor = property >= ply::Red && property <= ply::Alpha;
-        if (ply::bytesInBody(type) > 0 || type == ply::List || isColor)
+        if (ply::bytesInBody(type) > 0 || type == ply::List || ply::isColor(property))
             properties.append({property, type});
     }
     return properties;

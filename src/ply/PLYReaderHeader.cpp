@@ -1,4 +1,5 @@
 #include "framework/ImageClaims.h"
+#include "framework/MemoryGuard.h"
 #include "ply/PLYReader.h"
 #include "ply/PLYSource.h"
 #include "ply/PLYTokens.h"
@@ -9,8 +10,6 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QTextStream>
-
-#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -88,7 +87,7 @@ bool PLYReader::isEmptyOrComment(QStringList const& tokens)
 
 bool PLYReader::isColorProperty(ply::Property property)
 {
-    return property >= ply::Red && property <= ply::Alpha;
+    return ply::isColor(property);
 }
 
 bool PLYReader::isMaterialColorProperty(ply::Property property)
@@ -238,20 +237,20 @@ bool PLYReader::isHeaderValid(PLYHeader const& header) const
 }
 
 QString PLYReader::getTextureFileName(QByteArray const& data)
-try {
-    QBuffer buffer;
-    buffer.setData(data);
-    buffer.open(QIODevice::ReadOnly);
-    PLYSource source(buffer);
-    QTextStream stream(&source);
-    while (!stream.atEnd()) {
-        QStringList const tokens = readTokens(stream);
-        if (isTextureLine(tokens))
-            return textureName(tokens);
-        if (startsWith(tokens, "end_header"_L1))
-            break;
-    }
-    return {};
-} catch (std::bad_alloc const&) {
-    return {};
+{
+    return memory::resultOr(QString(), [&data] {
+        QBuffer buffer;
+        buffer.setData(data);
+        buffer.open(QIODevice::ReadOnly);
+        PLYSource source(buffer);
+        QTextStream stream(&source);
+        while (!stream.atEnd()) {
+            QStringList const tokens = readTokens(stream);
+            if (isTextureLine(tokens))
+                return textureName(tokens);
+            if (startsWith(tokens, "end_header"_L1))
+                break;
+        }
+        return QString();
+    });
 }

@@ -8,11 +8,6 @@ namespace {
 
 constexpr int corners = 3;
 
-bool isColor(Property property)
-{
-    return property >= Red && property <= Alpha;
-}
-
 bool isInteger(Type type)
 {
     return type == UInt8 || type == Int16 || type == Int32 || type == UInt32;

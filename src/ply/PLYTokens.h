@@ -93,6 +93,12 @@ inline constexpr std::array propertyTokens{
 };
 static_assert(propertyTokens.size() == 37);
 
+/// A channel of the colour of a vertex or face.
+constexpr bool isColor(Property property)
+{
+    return property >= Red && property <= Alpha;
+}
+
 /// Bytes that `PLYReader::readBinaryData` consumes for one value, by type.
 inline constexpr std::array<int, 9> bodyBytes{0, 1, 2, 0, 4, 4, 4, 8, 0};
 static_assert(bodyBytes.size() == List + 1);

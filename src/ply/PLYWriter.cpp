@@ -1,5 +1,6 @@
 #include "ply/PLYWriter.h"
 
+#include "framework/FileAccess.h"
 #include "framework/MemoryGuard.h"
 #include "inhouse/data/Unstrip.h"
 
@@ -158,8 +159,7 @@ bool PLYWriter::write()
     QFile file(filePath);
     if (file.exists())
         file.remove();
-    // QFile logs an empty name.
-    if (filePath.isEmpty() || !file.open(QIODevice::WriteOnly)) {
+    if (!files::open(file, QIODevice::WriteOnly)) {
         errorMessage = QObject::tr("Unable to create .ply file at location: %1").arg(filePath);
         return false;
     }

@@ -1,5 +1,6 @@
 #include "scene/AssociatedShapesXMLReader.h"
 
+#include "framework/FileAccess.h"
 #include "framework/MemoryGuard.h"
 #include "framework/MeshReader.h"
 #include "inhouse/coreio/DomHelper.h"
@@ -103,7 +104,7 @@ bool AssociatedShapesXMLReader::readDocument(QString const& xmlFilePath)
                       "Meshes deleted.";
     }
     QFile file(xmlFilePath);
-    if (xmlFilePath.isEmpty() || !file.open(QIODevice::ReadOnly)) { // Qt logs an empty name
+    if (!files::open(file, QIODevice::ReadOnly)) {
         warn("Could not open "_L1, xmlFilePath);
         return false;
     }

@@ -1,5 +1,6 @@
 #include "scene/DentalScanReader.h"
 
+#include "framework/MemoryGuard.h"
 #include "obj/OBJReader.h"
 #include "ply/PLYReader.h"
 #include "stl/STLReader.h"
@@ -7,7 +8,6 @@
 #include <QDebug>
 
 #include <array>
-#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -42,7 +42,7 @@ constexpr std::array formats = {Format{QLatin1StringView(".stl"), makeSTLReader}
 
 std::shared_ptr<DentalScan> DentalScanReader::readDentalScan(QString const& fileName)
 {
-    try {
+    return memory::resultOr(std::shared_ptr<DentalScan>(), [&]() -> std::shared_ptr<DentalScan> {
         for (Format const& format : formats) {
             if (!fileName.endsWith(format.ending))
                 continue;
@@ -51,9 +51,8 @@ std::shared_ptr<DentalScan> DentalScanReader::readDentalScan(QString const& file
             return readDentalScanWithSurfaceReader(*reader);
         }
         qWarning() << "DentalScanReader : given file is not an .stl, .ply or .obj file.";
-    } catch (std::bad_alloc const&) { // want of memory is a failure like any other
-    }
-    return nullptr;
+        return nullptr;
+    });
 }
 
 std::shared_ptr<DentalScan> DentalScanReader::readDentalScanWithSurfaceReader(SurfaceReader& reader)

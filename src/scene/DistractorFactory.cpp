@@ -1,5 +1,6 @@
 #include "scene/DistractorFactory.h"
 
+#include "framework/MemoryGuard.h"
 #include "inhouse/catalogue/DistractorCatalog.h"
 #include "inhouse/core/ApplicationParametersManagerImpl.h"
 #include "inhouse/math/Operations.h"
@@ -9,7 +10,6 @@
 #include <QDebug>
 
 #include <array>
-#include <new>
 #include <span>
 #include <utility>
 
@@ -51,11 +51,8 @@ QString documentPath(QString const& productId)
 
 std::shared_ptr<Distractor> DistractorFactory::createDistractor(QString const& productId)
 {
-    try {
-        return createMaxillaTelescopingDistractor(productId);
-    } catch (std::bad_alloc const&) {
-        return nullptr;
-    }
+    return memory::resultOr(std::shared_ptr<Distractor>(),
+                            [&] { return createMaxillaTelescopingDistractor(productId); });
 }
 
 std::shared_ptr<Distractor> DistractorFactory::createMaxillaTelescopingDistractor(QString const& productId)

@@ -1,5 +1,7 @@
 #include "scene/ShapeNodeIOHelper.h"
 
+#include "framework/FileAccess.h"
+#include "framework/MemoryGuard.h"
 #include "inhouse/data/ShapeNodeIO.h"
 #include "scene/BinaryIOHelper.h"
 
@@ -9,8 +11,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QVersionNumber>
-
-#include <new>
 
 namespace {
 
@@ -22,29 +22,11 @@ QVersionNumber versionNumber(std::pair<unsigned, unsigned> const& version)
     return {static_cast<int>(version.first), static_cast<int>(version.second)};
 }
 
-// Want of memory is a failure like any other: null or false.
-template <typename Step>
-auto guarded(Step const& step) -> decltype(step())
-{
-    try {
-        return step();
-    } catch (std::bad_alloc const&) {
-        return {};
-    }
-}
-
-// Qt has something to say of an empty name; what becomes of it is for the callers to tell.
-bool openForReading(QFile& file)
-{
-    return !file.fileName().isEmpty() && file.open(QIODevice::ReadOnly);
-}
-
 bool openForWriting(QFile& file)
 {
-    if (file.fileName().isEmpty())
-        return false;
-    QDir().mkpath(QFileInfo(file.fileName()).absolutePath());
-    return file.open(QIODevice::WriteOnly);
+    if (!file.fileName().isEmpty()) // Qt logs what is asked of an empty name
+        QDir().mkpath(QFileInfo(file.fileName()).absolutePath());
+    return files::open(file, QIODevice::WriteOnly);
 }
 
 void writeLatestVersion(QDataStream& stream)
@@ -58,7 +40,7 @@ std::unique_ptr<geometry::ShapeNode> readTree(QString const& fileName, QVersionN
                                               bool flag)
 {
     QFile file(fileName);
-    if (!openForReading(file)) {
+    if (!files::open(file, QIODevice::ReadOnly)) {
         qWarning() << "ShapeNodeIOHelper : unable to load shape node from file: " << fileName;
         return nullptr;
     }
@@ -79,7 +61,7 @@ std::unique_ptr<geometry::ShapeNode> readTree(QString const& fileName, QVersionN
 std::unique_ptr<geometry::Shape> readShapeFile(QString const& fileName)
 {
     QFile file(fileName);
-    if (!openForReading(file)) {
+    if (!files::open(file, QIODevice::ReadOnly)) {
         qCritical() << "ShapeNodeIOHelper : unable to open file: " << fileName;
         return nullptr;
     }
@@ -132,20 +114,21 @@ bool writeTree(QString const& fileName, geometry::ShapeNode const* node)
 std::unique_ptr<geometry::ShapeNode>
 ShapeNodeIOHelper::read(QString const& fileName, QVersionNumber const& versionIfMissing, bool flag)
 {
-    return guarded([&] { return readTree(fileName, versionIfMissing, flag); });
+    return memory::resultOr(std::unique_ptr<geometry::ShapeNode>(),
+                            [&] { return readTree(fileName, versionIfMissing, flag); });
 }
 
 std::unique_ptr<geometry::Shape> ShapeNodeIOHelper::readShape(QString const& fileName)
 {
-    return guarded([&] { return readShapeFile(fileName); });
+    return memory::resultOr(std::unique_ptr<geometry::Shape>(), [&] { return readShapeFile(fileName); });
 }
 
 bool ShapeNodeIOHelper::write(QString const& fileName, geometry::Shape const& shape)
 {
-    return guarded([&] { return writeShape(fileName, shape); });
+    return memory::succeeds([&] { return writeShape(fileName, shape); });
 }
 
 bool ShapeNodeIOHelper::write(QString const& fileName, geometry::ShapeNode* node)
 {
-    return guarded([&] { return writeTree(fileName, node); });
+    return memory::succeeds([&] { return writeTree(fileName, node); });
 }

@@ -1,5 +1,6 @@
 #include "stl/STLSurfaceCreator.h"
 
+#include "framework/MemoryGuard.h"
 #include "inhouse/data/Conversions.h"
 #include "inhouse/meshoperations/NormalsCalculator.h"
 #include "stl/STLCleaning.h"
@@ -10,7 +11,6 @@
 #include <QDataStream>
 
 #include <algorithm>
-#include <new>
 #include <vector>
 
 namespace {
@@ -68,12 +68,10 @@ void STLSurfaceCreator::read(QDataStream& stream, STLDataFormat const& format,
                              std::atomic<bool> const& cancel)
 {
     removeSurfaceData();
-    isOutOfMemory = false;
-    try {
+    isOutOfMemory = !memory::succeeds([&] {
         readSurfaces(stream, format, cancel);
-    } catch (std::bad_alloc const&) {
-        isOutOfMemory = true;
-    }
+        return true;
+    });
 }
 
 bool STLSurfaceCreator::ranOutOfMemory() const

@@ -1,5 +1,6 @@
 #include "stl/STLWriter.h"
 
+#include "framework/FileAccess.h"
 #include "framework/ScanMetadata.h"
 #include "inhouse/data/Unstrip.h"
 #include "stl/STLLayout.h"
@@ -80,13 +81,11 @@ void STLWriter::setFilePath(QString const& path)
 bool STLWriter::write()
 {
     QFile file(filePath);
-    // Qt logs what is asked of an empty name.
-    bool const isNamed = !filePath.isEmpty();
-    if (isNamed)
+    if (!filePath.isEmpty()) // Qt logs what is asked of an empty name
         makeDirectoryOf(file);
-    if (isNamed && file.exists())
+    if (file.exists())
         file.remove();
-    if (!isNamed || !file.open(QIODevice::WriteOnly)) {
+    if (!files::open(file, QIODevice::WriteOnly)) {
         errorMessage = QObject::tr("Unable to create .stl file at location: %1").arg(filePath);
         return false;
     }

@@ -1,11 +1,11 @@
 #include "vmesh/FaceRows.h"
 
+#include "framework/MemoryGuard.h"
 #include "vmesh/FaceIndex.h"
 #include "vmesh/SharedArray.h"
 
 #include <algorithm>
 #include <limits>
-#include <new>
 #include <vector>
 
 namespace {
@@ -222,9 +222,5 @@ bool deriveFaceRows(MTModelVMesh& mesh)
     constexpr qint32 mostTetrahedra = std::numeric_limits<qint32>::max() / 8;
     if (mesh.numTetrahedra > mostTetrahedra || (mesh.numTetrahedra > 0 && mesh.tetrahedra.isNull()))
         return false;
-    try {
-        return derive(mesh);
-    } catch (std::bad_alloc const&) {
-        return false;
-    }
+    return memory::succeeds([&mesh] { return derive(mesh); });
 }

@@ -1,5 +1,7 @@
 #include "vmesh/MTModelBoundaryConditionsWriter.h"
 
+#include "framework/FileAccess.h"
+
 #include <QDebug>
 #include <QFile>
 #include <QTextStream>
@@ -29,7 +31,7 @@ bool MTModelBoundaryConditionsWriter::write(QString const& fileName)
     if (boundaryConditions.numBoundaryConditions > 0 && !hasArrays)
         return false;
     QFile file(fileName);
-    if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly)) {
+    if (!files::open(file, QIODevice::WriteOnly)) {
         qWarning() << "MTModelBoundaryConditionsWriter : could not open file for writing.";
         return false;
     }

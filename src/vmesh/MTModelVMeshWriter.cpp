@@ -1,11 +1,13 @@
 #include "vmesh/MTModelVMeshWriter.h"
 
+#include "framework/FileAccess.h"
+#include "framework/MemoryGuard.h"
+
 #include <QDebug>
 #include <QFile>
 #include <QTextStream>
 
 #include <algorithm>
-#include <new>
 
 namespace {
 
@@ -32,14 +34,12 @@ QString number(float value)
 template <typename Entry>
 QList<Entry> entriesFor(qint32 count)
 {
-    try {
+    return memory::resultOr(QList<Entry>(), [count] {
         // Not the list's constructor, which does not look whether it got its memory.
         QList<Entry> entries;
         entries.resize(std::max(0, count));
         return entries;
-    } catch (std::bad_alloc const&) {
-        return {};
-    }
+    });
 }
 
 template <typename Value>
@@ -62,16 +62,14 @@ bool MTModelVMeshWriter::write(QString const& fileName)
     if (!isThere(mesh.points, mesh.numPoints) || !(hasRows() || canGenerateFaces()))
         return false;
     QFile file(fileName);
-    if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly)) {
+    if (!files::open(file, QIODevice::WriteOnly)) {
         qWarning() << "MTModelVMeshWriter : could not open file for writing.";
         return false;
     }
-    try {
+    return memory::succeeds([&] { // for the rows that are made
         writeMesh(file);
-    } catch (std::bad_alloc const&) { // for the rows that are made
-        return false;
-    }
-    return true;
+        return true;
+    });
 }
 
 bool MTModelVMeshWriter::hasRows() const

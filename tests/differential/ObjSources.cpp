@@ -39,7 +39,7 @@ public:
         line({"f", group(corners[0]), group(corners[1]), group(corners[2])});
     }
     void material(QString const& name) { line({"usemtl", name.toUtf8()}); }
-    void library() { line({"mtllib", "materials.mtl"}); }
+    void nameLibrary() { line({"mtllib", "materials.mtl"}); }
     // Now and then, what means nothing to the surface.
     void noise(qsizetype place)
     {
@@ -179,7 +179,7 @@ QByteArray textOf(Surface const& surface, Style style, Layout const& layout, QSt
 {
     Writer writer(style, layout);
     if (!materials.isEmpty())
-        writer.library();
+        writer.nameLibrary();
     qsizetype const all = std::max({surface.positions.size(), surface.uvs.size(), surface.normals.size()});
     qsizetype written = layout.isInterleaved ? 0 : all;
     writeLists(surface, 0, written, writer);
