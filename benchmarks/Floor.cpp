@@ -1,12 +1,15 @@
 #include "Floor.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
-#include <map>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -23,41 +26,86 @@ constexpr qsizetype attributeOffset = 48;
 using Corner = std::array<float, 3>;
 using Facet = std::array<Corner, 3>;
 
-// Linear probing over vertex indices; twice as many slots as corners can need.
+// Linear probing over slots of a tag and an index, twice as many as there are facets: a facet makes half a
+// vertex. The slots of a block of corners are fetched together.
 class Merge
 {
 public:
     explicit Merge(qsizetype facets)
-        : slots(std::bit_ceil(static_cast<std::size_t>(2 * facets) + 1), -1)
-        , mask(slots.size() - 1)
+        : slots(slotArray(facets))
+        , shift(64 - std::bit_width(slotCount(facets) - 1))
+        , mask(slotCount(facets) - 1)
     {
         vertices.reserve(facets / 2 + facets / 8);
     }
 
-    int add(Corner const& corner)
+    // The vertex of each corner of `count` facets, with -1 behind each third.
+    void add(Facet const* facets, std::size_t count, int* indices)
     {
-        QVector3D const vertex(corner[0] + 0.0f, corner[1] + 0.0f, corner[2] + 0.0f);
-        std::size_t slot = hash(corner) & mask;
-        for (; slots[slot] >= 0; slot = (slot + 1) & mask)
-            if (std::memcmp(&vertices[slots[slot]], &vertex, sizeof(vertex)) == 0)
-                return slots[slot];
-        slots[slot] = static_cast<int>(vertices.size());
-        vertices.append(vertex);
-        return slots[slot];
+        std::array<std::uint64_t, 3 * blockFacets> hashes;
+        std::uint64_t* hash = hashes.data();
+        for (std::size_t i = 0; i < count; ++i)
+            for (Corner const& corner : facets[i])
+                __builtin_prefetch(&slots[(*hash++ = hashOf(corner)) >> shift]);
+        hash = hashes.data();
+        for (std::size_t i = 0; i < count; ++i) {
+            for (Corner const& corner : facets[i])
+                *indices++ = add(corner, *hash++);
+            *indices++ = -1;
+        }
     }
 
     QList<QVector3D> vertices;
 
+    static constexpr std::size_t blockFacets = 32;
+
 private:
-    static std::size_t hash(Corner const& corner)
+    struct Slot
     {
-        std::uint64_t mixed = 0;
-        for (float const coordinate : corner)
-            mixed = (mixed ^ std::bit_cast<std::uint32_t>(coordinate + 0.0f)) * 0x9E3779B97F4A7C15u;
-        return static_cast<std::size_t>(mixed ^ mixed >> 32);
+        std::uint32_t tag;
+        int indexPlusOne;
+    };
+    struct Freed
+    {
+        void operator()(Slot* memory) const { std::free(memory); }
+    };
+
+    static std::size_t slotCount(qsizetype facets)
+    {
+        return std::bit_ceil(static_cast<std::size_t>(2 * facets) + 2);
     }
 
-    std::vector<int> slots;
+    // Zeroed pages come from the system when they are touched.
+    static Slot* slotArray(qsizetype facets)
+    {
+        return static_cast<Slot*>(std::calloc(slotCount(facets), sizeof(Slot)));
+    }
+
+    static std::uint64_t hashOf(Corner const& corner)
+    {
+        constexpr std::uint64_t factor = 0x9E3779B97F4A7C15u;
+        auto const bits = [&](std::size_t i) { return std::bit_cast<std::uint32_t>(corner[i] + 0.0f); };
+        std::uint64_t const mixed =
+            (bits(0) | std::uint64_t(bits(1)) << 32) * factor ^ bits(2) * (factor + 2);
+        return (mixed ^ mixed >> 32) * factor;
+    }
+
+    int add(Corner const& corner, std::uint64_t hash)
+    {
+        QVector3D const vertex(corner[0] + 0.0f, corner[1] + 0.0f, corner[2] + 0.0f);
+        auto const tag = static_cast<std::uint32_t>(hash);
+        std::size_t at = hash >> shift;
+        for (; slots[at].indexPlusOne != 0; at = (at + 1) & mask)
+            if (slots[at].tag == tag &&
+                std::memcmp(&vertices.at(slots[at].indexPlusOne - 1), &vertex, sizeof(vertex)) == 0)
+                return slots[at].indexPlusOne - 1;
+        vertices.append(vertex);
+        slots[at] = {tag, static_cast<int>(vertices.size())};
+        return slots[at].indexPlusOne - 1;
+    }
+
+    std::unique_ptr<Slot[], Freed> slots;
+    int shift;
     std::size_t mask;
 };
 
@@ -89,76 +137,103 @@ void addNormals(geometry::Mesh& mesh)
 
 namespace {
 
-geometry::Mesh mergedWithNormals(std::vector<Facet> const& soup)
+// Gathers facets into blocks, merges a block when it is full.
+class Builder
 {
-    Merge merge(static_cast<qsizetype>(soup.size()));
-    QList<int> indices;
-    indices.resize(4 * static_cast<qsizetype>(soup.size()));
-    int* next = indices.data();
-    for (Facet const& facet : soup) {
-        for (Corner const& corner : facet)
-            *next++ = merge.add(corner);
-        *next++ = -1;
+public:
+    explicit Builder(qsizetype facets)
+        : merge(facets)
+    {
+        indices.reserve(4 * facets);
     }
-    geometry::Mesh mesh(merge.vertices, indices);
-    addNormals(mesh);
-    return mesh;
+
+    Facet& facet()
+    {
+        if (used == block.size())
+            flush();
+        return block[used++];
+    }
+
+    geometry::Mesh finish()
+    {
+        flush();
+        geometry::Mesh mesh(std::move(merge.vertices), std::move(indices));
+        addNormals(mesh);
+        return mesh;
+    }
+
+private:
+    void flush()
+    {
+        qsizetype const before = indices.size();
+        indices.resize(before + 4 * static_cast<qsizetype>(used));
+        merge.add(block.data(), used, indices.data() + before);
+        used = 0;
+    }
+
+    Merge merge;
+    QList<int> indices;
+    std::array<Facet, Merge::blockFacets> block;
+    std::size_t used = 0;
+};
+
+std::size_t tagOf(char const* record)
+{
+    return qFromLittleEndian<quint16>(record + attributeOffset);
 }
 
 } // namespace
 
 geometry::Mesh readStl(QByteArray const& bytes)
 {
-    qsizetype const facets = (bytes.size() - headerBytes) / facetBytes;
-    std::vector<Facet> soup(static_cast<std::size_t>(facets));
-    char const* record = bytes.constData() + headerBytes + normalBytes;
-    for (Facet& facet : soup) {
-        std::memcpy(&facet, record, vertexBlockBytes);
-        record += facetBytes;
-    }
-    return mergedWithNormals(soup);
+    Builder builder((bytes.size() - headerBytes) / facetBytes);
+    char const* const end = bytes.constData() + bytes.size();
+    for (char const* record = bytes.constData() + headerBytes; record != end; record += facetBytes)
+        std::memcpy(&builder.facet(), record + normalBytes, vertexBlockBytes);
+    return builder.finish();
 }
 
 QList<geometry::Mesh> readTaggedStl(QByteArray const& bytes)
 {
-    std::map<std::pair<int, int>, std::vector<Facet>> surfaces;
-    std::pair<int, int> tag(-1, -1);
-    std::vector<Facet>* surface = nullptr;
+    std::vector<qsizetype> counts(1 << 16);
+    char const* const first = bytes.constData() + headerBytes;
     char const* const end = bytes.constData() + bytes.size();
-    for (char const* record = bytes.constData() + headerBytes; record != end; record += facetBytes) {
-        std::pair<int, int> const next(static_cast<unsigned char>(record[attributeOffset + 1]),
-                                       record[attributeOffset]);
-        if (!surface || next != tag)
-            surface = &surfaces[tag = next];
-        std::memcpy(&surface->emplace_back(), record + normalBytes, vertexBlockBytes);
-    }
+    for (char const* record = first; record != end; record += facetBytes)
+        ++counts[tagOf(record)];
+    std::vector<std::unique_ptr<Builder>> builders(counts.size());
+    for (std::size_t tag = 0; tag < counts.size(); ++tag)
+        if (counts[tag] > 0)
+            builders[tag] = std::make_unique<Builder>(counts[tag]);
+    for (char const* record = first; record != end; record += facetBytes)
+        std::memcpy(&builders[tagOf(record)]->facet(), record + normalBytes, vertexBlockBytes);
     QList<geometry::Mesh> meshes;
-    for (auto const& [key, soup] : surfaces)
-        meshes.append(mergedWithNormals(soup));
+    for (auto const& builder : builders)
+        if (builder)
+            meshes.append(builder->finish());
     return meshes;
 }
 
 geometry::Mesh readAsciiStl(QByteArray const& bytes)
 {
-    std::vector<Facet> soup;
-    std::size_t corners = 0;
+    Builder builder(bytes.size() / (bytes.indexOf("endfacet") + 1)); // as long as the first
+    Facet* facet = nullptr;
+    std::size_t corner = 2;
     char const* const end = bytes.constData() + bytes.size();
     for (char const* line = bytes.constData(); line < end;) {
-        auto const* const lineEnd =
-            static_cast<char const*>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
         while (*line == ' ')
             ++line;
+        char const* next = line;
         if (*line == 'v') {
-            if (corners % 3 == 0)
-                soup.emplace_back();
-            char const* next = line + std::strlen("vertex");
-            for (float& coordinate : soup.back()[corners % 3])
-                next = std::from_chars(next + 1, lineEnd, coordinate).ptr;
-            ++corners;
+            corner = (corner + 1) % 3;
+            if (corner == 0)
+                facet = &builder.facet();
+            next += std::strlen("vertex");
+            for (float& coordinate : (*facet)[corner])
+                next = std::from_chars(next + 1, end, coordinate).ptr;
         }
-        line = lineEnd + 1;
+        line = static_cast<char const*>(std::memchr(next, '\n', static_cast<std::size_t>(end - next))) + 1;
     }
-    return mergedWithNormals(soup);
+    return builder.finish();
 }
 
 QByteArray writeStl(geometry::Mesh const& mesh)

@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -18,10 +19,16 @@ namespace table {
 
 namespace {
 
-struct Time
+constexpr std::size_t fewestRounds = 2;
+constexpr std::size_t mostRounds = 50;
+
+/// Milliseconds of each round, and what the first round did.
+struct Measured
 {
-    double clock;
-    double processor;
+    std::vector<double> clock;
+    std::vector<double> processor;
+    long peak = 0;
+    Size size{};
 };
 
 double processorMilliseconds()
@@ -43,37 +50,48 @@ long memory(QByteArray const& name)
     return 0;
 }
 
-bool measure(Work const& work, Time& time)
+bool measure(Work const& work, Measured& measured)
 {
     using Clock = std::chrono::steady_clock;
     auto const start = Clock::now();
     double const processor = processorMilliseconds();
     CALLGRIND_TOGGLE_COLLECT;
-    bool const success = work();
+    auto const size = work();
     CALLGRIND_TOGGLE_COLLECT;
-    time.processor = processorMilliseconds() - processor;
-    time.clock = std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-    return success;
+    measured.processor.push_back(processorMilliseconds() - processor);
+    measured.clock.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+    measured.size = size.value_or(Size());
+    return size.has_value();
 }
 
-int measureAll(Work const& work, int rounds)
+bool measureFor(Work const& work, double milliseconds, Measured& measured)
 {
-    QByteArray clocks;
-    QByteArray processors;
-    long peak = 0;
-    for (int round = 0; round < rounds; ++round) {
+    double left = milliseconds;
+    for (std::size_t round = 0; round < fewestRounds || (left > 0 && round < mostRounds); ++round) {
         long const before = memory("VmRSS");
-        Time time{};
-        if (!measure(work, time))
-            return EXIT_FAILURE;
+        if (!measure(work, measured))
+            return false;
         if (round == 0)
-            peak = memory("VmHWM") - before;
-        QByteArray const separator = round == 0 ? "" : ", ";
-        clocks += separator + QByteArray::number(time.clock, 'f', 3);
-        processors += separator + QByteArray::number(time.processor, 'f', 3);
+            measured.peak = memory("VmHWM") - before;
+        left -= measured.clock.back();
     }
-    std::printf("{\"clock\": [%s], \"processor\": [%s], \"peak\": %ld}\n", clocks.constData(),
-                processors.constData(), peak);
+    return true;
+}
+
+QByteArray toJson(std::vector<double> const& milliseconds)
+{
+    QByteArray list;
+    for (double const one : milliseconds)
+        list += (list.isEmpty() ? "" : ", ") + QByteArray::number(one, 'f', 3);
+    return '[' + list + ']';
+}
+
+int report(Measured const& measured, char const* lacks)
+{
+    std::printf("{\"clock\": %s, \"processor\": %s, \"peak\": %ld, \"vertices\": %lld, \"facets\": %lld, "
+                "\"result\": %lld, \"lacks\": \"%s\"}\n",
+                toJson(measured.clock).constData(), toJson(measured.processor).constData(), measured.peak,
+                measured.size.vertices, measured.size.facets, measured.size.bytes, lacks);
     return EXIT_SUCCESS;
 }
 
@@ -86,10 +104,13 @@ int run(std::vector<Contender> const& contenders, int argc, char** argv)
             std::puts(contender.row);
         return EXIT_SUCCESS;
     }
-    for (Contender const& contender : contenders)
-        if (std::strcmp(contender.row, argv[1]) == 0)
-            return measureAll(contender.prepare(QString::fromLocal8Bit(argv[2])), std::atoi(argv[3]));
-    return EXIT_FAILURE;
+    auto const isAsked = [&](Contender const& one) { return std::strcmp(one.row, argv[1]) == 0; };
+    auto const found = std::find_if(contenders.begin(), contenders.end(), isAsked);
+    Measured measured;
+    bool const success =
+        found != contenders.end() &&
+        measureFor(found->prepare(QString::fromLocal8Bit(argv[2])), std::atof(argv[3]), measured);
+    return success ? report(measured, found->lacks) : EXIT_FAILURE;
 }
 
 } // namespace table

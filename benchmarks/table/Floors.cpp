@@ -12,6 +12,7 @@
 #include <cstring>
 #include <memory>
 
+using table::Size;
 using table::Work;
 
 namespace {
@@ -22,14 +23,20 @@ QByteArray bytesOf(QString const& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+std::optional<Size> sizeOf(geometry::Mesh const& mesh)
+{
+    return Size{mesh.getNumVertices(), mesh.getNumIndices() / 4};
+}
+
 // A fresh name for each file, as in the program that is compared.
-bool writeFresh(QString const& folder, QByteArray const& bytes)
+std::optional<Size> writeFresh(QString const& folder, QByteArray const& bytes)
 {
     static int count = 0;
     QString const path = folder + QStringLiteral("/floor.%1").arg(count++);
     QFile::remove(path);
     QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    bool const success = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    return success ? std::optional(Size{}) : std::nullopt; // how much it is the file tells
 }
 
 // Positions, normals and colours, triangles: the layout of scan.ply, taken for granted.
@@ -64,7 +71,7 @@ geometry::Mesh readPly(QByteArray const& bytes)
 
 Work plyBytes(QString const& folder)
 {
-    return [bytes = bytesOf(folder + QStringLiteral("/scan.ply"))] { return !readPly(bytes).isNull(); };
+    return [bytes = bytesOf(folder + QStringLiteral("/scan.ply"))] { return sizeOf(readPly(bytes)); };
 }
 
 // The bytes of a file that exists, written to a new one.
@@ -85,7 +92,7 @@ Work writeConditions(QString const& folder)
 }
 
 // The lists of the only shape of the tree, copied out of its bytes.
-bool readTree(QByteArray const& bytes)
+std::optional<Size> readTree(QByteArray const& bytes)
 {
     geometry::Mesh mesh;
     qsizetype const first = bytes.indexOf("s\0c\0a\0n\0") + 8 + 1; // the name, whether there is a shape
@@ -100,7 +107,7 @@ bool readTree(QByteArray const& bytes)
     take(mesh.normals);
     take(mesh.indices);
     take(mesh.colors);
-    return next <= bytes.constData() + bytes.size();
+    return sizeOf(mesh);
 }
 
 struct Record
@@ -109,7 +116,7 @@ struct Record
     std::unique_ptr<int[]> indices;
 };
 
-bool readArray(QByteArray const& bytes)
+std::optional<Size> readArray(QByteArray const& bytes)
 {
     auto const vertices = static_cast<std::size_t>(qFromBigEndian<qint32>(bytes.constData()));
     auto const indices = static_cast<std::size_t>(qFromBigEndian<qint32>(bytes.constData() + 4));
@@ -120,7 +127,7 @@ bool readArray(QByteArray const& bytes)
         record.numbers[i] = static_cast<float>(std::bit_cast<double>(qFromBigEndian<quint64>(next)));
     for (std::size_t i = 0; i < indices; ++i, next += 4)
         record.indices[i] = qFromBigEndian<qint32>(next);
-    return next == bytes.constData() + bytes.size();
+    return Size{static_cast<qint64>(vertices), static_cast<qint64>(indices / 4)};
 }
 
 double blend(QImage const& image, int x, int y, int shift, double fx, double fy)
@@ -147,7 +154,7 @@ unsigned int colorAt(QImage const& image, QVector2D uv)
     return color;
 }
 
-bool readColored(QString const& folder)
+std::optional<Size> readColored(QString const& folder)
 {
     QImage const image(folder + QStringLiteral("/textured0.bmp"));
     table::Obj obj = table::readObj(bytesOf(folder + QStringLiteral("/textured.obj")));
@@ -155,10 +162,10 @@ bool readColored(QString const& folder)
     obj.mesh.colors.resize(obj.coordinates.size());
     for (qsizetype i = 0; i < obj.coordinates.size(); ++i)
         obj.mesh.colors[i] = colorAt(image, obj.coordinates.at(i));
-    return !obj.mesh.isNull();
+    return sizeOf(obj.mesh);
 }
 
-bool readAtlas(QString const& folder)
+std::optional<Size> readAtlas(QString const& folder)
 {
     constexpr int columns = 8;
     table::Obj obj = table::readObj(bytesOf(folder + QStringLiteral("/atlas.obj")));
@@ -173,19 +180,47 @@ bool readAtlas(QString const& folder)
             std::memcpy(atlas.scanLine(i / columns * image.height() + y) + i % columns * bytes,
                         image.constScanLine(y), bytes);
     }
-    return !atlas.isNull() && !obj.mesh.isNull();
+    return atlas.isNull() ? std::nullopt : sizeOf(obj.mesh);
 }
 
-// A function of the bytes of a file.
+std::optional<Size> sizeOf(QList<geometry::Mesh> const& meshes)
+{
+    Size size{};
+    for (geometry::Mesh const& mesh : meshes) {
+        size.vertices += mesh.getNumVertices();
+        size.facets += mesh.getNumIndices() / 4;
+    }
+    return size;
+}
+
+std::optional<Size> readPositions(QByteArray const& bytes)
+{
+    geometry::Mesh mesh = table::readObj(bytes).mesh;
+    bench::floor::addNormals(mesh);
+    return sizeOf(mesh);
+}
+
+std::optional<Size> readConditions(QByteArray const& bytes)
+{
+    return Size{static_cast<qint64>(table::readConditions(bytes).points.size()), 0};
+}
+
+// What `function` makes of the bytes of a file, which are mapped: the least that reading them costs.
 template <typename Function>
 auto ofBytes(char const* name, Function function)
 {
     return [name, function](QString const& folder) -> Work {
-        return [path = folder + u'/' + QLatin1StringView(name), function] { return function(bytesOf(path)); };
+        return [path = folder + u'/' + QLatin1StringView(name), function]() -> std::optional<Size> {
+            QFile file(path);
+            if (!file.open(QIODevice::ReadOnly))
+                return {};
+            auto const* const mapped = reinterpret_cast<char const*>(file.map(0, file.size()));
+            return mapped ? function(QByteArray::fromRawData(mapped, file.size())) : std::nullopt;
+        };
     };
 }
 
-auto ofFolder(bool (*function)(QString const&))
+auto ofFolder(std::optional<Size> (*function)(QString const&))
 {
     return
         [function](QString const& folder) -> Work { return [folder, function] { return function(folder); }; };
@@ -195,39 +230,30 @@ auto ofFolder(bool (*function)(QString const&))
 
 int main(int argc, char** argv)
 {
-    auto const stl = [](QByteArray const& bytes) { return !bench::floor::readStl(bytes).isNull(); };
-    auto const tags = [](QByteArray const& bytes) { return !bench::floor::readTaggedStl(bytes).isEmpty(); };
-    return table::run(
-        {{"ply-read", ofBytes("scan.ply", [](QByteArray const& bytes) { return !readPly(bytes).isNull(); })},
-         {"ply-read-bytes", plyBytes},
-         {"ply-write", writePrepared("scan.ply")},
-         {"stl-read", ofBytes("scan.stl", stl)},
-         {"stl-read-shuffled", ofBytes("shuffled.stl", stl)},
-         {"stl-read-32-tags", ofBytes("tags.stl", tags)},
-         {"stl-read-alternating", ofBytes("alternating.stl", tags)},
-         {"stl-read-ascii",
-          ofBytes("ascii.stl",
-                  [](QByteArray const& bytes) { return !bench::floor::readAsciiStl(bytes).isNull(); })},
-         {"stl-write", writePrepared("scan.stl")},
-         {"obj-read-positions", ofBytes("positions.obj",
-                                        [](QByteArray const& bytes) {
-                                            table::Obj obj = table::readObj(bytes);
-                                            bench::floor::addNormals(obj.mesh);
-                                            return !obj.mesh.isNull();
-                                        })},
-         {"obj-read-split",
-          ofBytes("split.obj",
-                  [](QByteArray const& bytes) { return !table::readSplitObj(bytes).mesh.isNull(); })},
-         {"obj-texture-colors", ofFolder(readColored)},
-         {"obj-atlas", ofFolder(readAtlas)},
-         {"vmesh-read", ofBytes("box.vmesh", table::readVolume)},
-         {"conditions-read",
-          ofBytes("conditions.txt",
-                  [](QByteArray const& bytes) { return !table::readConditions(bytes).points.empty(); })},
-         {"conditions-write", writeConditions},
-         {"tree-read", ofBytes("scan.shapetree", readTree)},
-         {"tree-write", writePrepared("scan.shapetree")},
-         {"array-read", ofBytes("scan.array", readArray)},
-         {"array-write", writePrepared("scan.array")}},
-        argc, argv);
+    auto const ply = [](QByteArray const& bytes) { return sizeOf(readPly(bytes)); };
+    auto const stl = [](QByteArray const& bytes) { return sizeOf(bench::floor::readStl(bytes)); };
+    auto const tags = [](QByteArray const& bytes) { return sizeOf(bench::floor::readTaggedStl(bytes)); };
+    auto const ascii = [](QByteArray const& bytes) { return sizeOf(bench::floor::readAsciiStl(bytes)); };
+    auto const split = [](QByteArray const& bytes) { return sizeOf(table::readSplitObj(bytes).mesh); };
+    return table::run({{"ply-read", ofBytes("scan.ply", ply)},
+                       {"ply-read-bytes", plyBytes},
+                       {"ply-write", writePrepared("scan.ply")},
+                       {"stl-read", ofBytes("scan.stl", stl)},
+                       {"stl-read-shuffled", ofBytes("shuffled.stl", stl)},
+                       {"stl-read-32-tags", ofBytes("tags.stl", tags)},
+                       {"stl-read-alternating", ofBytes("alternating.stl", tags)},
+                       {"stl-read-ascii", ofBytes("ascii.stl", ascii)},
+                       {"stl-write", writePrepared("scan.stl")},
+                       {"obj-read-positions", ofBytes("positions.obj", readPositions)},
+                       {"obj-read-split", ofBytes("split.obj", split)},
+                       {"obj-texture-colors", ofFolder(readColored)},
+                       {"obj-atlas", ofFolder(readAtlas)},
+                       {"vmesh-read", ofBytes("box.vmesh", table::readVolume)},
+                       {"conditions-read", ofBytes("conditions.txt", readConditions)},
+                       {"conditions-write", writeConditions},
+                       {"tree-read", ofBytes("scan.shapetree", readTree)},
+                       {"tree-write", writePrepared("scan.shapetree")},
+                       {"array-read", ofBytes("scan.array", readArray)},
+                       {"array-write", writePrepared("scan.array")}},
+                      argc, argv);
 }

@@ -92,7 +92,7 @@ private:
         std::shuffle(records(bytes), records(bytes) + facets, random);
         write(QStringLiteral("shuffled.stl"), bytes);
         writeTagged(QStringLiteral("tags.stl"), 32, 32);
-        writeTagged(QStringLiteral("alternating.stl"), std::min(facets, 100'000), 2);
+        writeTagged(QStringLiteral("alternating.stl"), facets / 10, 2);
     }
 
     static void append(QByteArray& text, char const* format, float a, float b, float c)
@@ -225,6 +225,32 @@ private:
             }
         deriveFaceRows(volume);
         MTModelVMeshWriter(volume).write(path(QStringLiteral("box.vmesh")));
+        write(QStringLiteral("box.mesh"), meditText(volume));
+    }
+
+    // A line for each row of `width` indices, counted from 1, and a reference number.
+    static QByteArray meditRows(char const* title, qint32 const* index, int count, int stride, int width)
+    {
+        QByteArray text = title + ('\n' + QByteArray::number(count)) + '\n';
+        for (int row = 0; row < count; ++row, index += stride) {
+            for (int k = 0; k < width; ++k)
+                text += QByteArray::number(index[k] + 1) + ' ';
+            text += "0\n";
+        }
+        return text;
+    }
+
+    // The same volume in the text format of another library: points, faces, tetrahedra.
+    static QByteArray meditText(MTModelVMesh const& volume)
+    {
+        QByteArray text = "MeshVersionFormatted 1\nDimension 3\nVertices\n";
+        text += QByteArray::number(volume.numPoints) + '\n';
+        float const* point = volume.points.data();
+        for (int i = 0; i < volume.numPoints; ++i, point += 3)
+            append(text, "%g %g %g 0\n", point[0], point[1], point[2]);
+        text += meditRows("Triangles", volume.faces.data() + 2, volume.numFaces, 5, 3);
+        text += meditRows("Tetrahedra", volume.tetrahedra.data(), volume.numTetrahedra, 4, 4);
+        return text + "End\n";
     }
 
     template <typename Value>

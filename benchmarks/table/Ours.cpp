@@ -1,5 +1,8 @@
 #include "framework/MeshReader.h"
 #include "framework/MeshWriter.h"
+#include "inhouse/data/STLSurfaceData.h"
+#include "inhouse/data/Shape.h"
+#include "inhouse/data/ShapeNode.h"
 #include "obj/OBJReader.h"
 #include "ply/PLYReader.h"
 #include "ply/PLYWriter.h"
@@ -17,6 +20,7 @@
 
 #include <memory>
 
+using table::Size;
 using table::Work;
 
 namespace {
@@ -43,46 +47,78 @@ QString freshPath(QString const& folder, char const* suffix)
     return path;
 }
 
-bool readPly(QString const& path)
+Size sizeOf(geometry::Mesh const& mesh)
+{
+    auto const bytesOf = [](auto const& list) { return list.size() * qint64(sizeof(list[0])); };
+    return {mesh.getNumVertices(), mesh.getNumIndices() / 4,
+            bytesOf(mesh.vertices) + bytesOf(mesh.normals) + bytesOf(mesh.indices) + bytesOf(mesh.colors) +
+                bytesOf(mesh.textureCoordinates)};
+}
+
+template <typename Reader>
+std::optional<Size> sizeIfRead(bool success, Reader const& reader)
+{
+    if (!success)
+        return {};
+    Size size = sizeOf(reader.getMesh());
+    size.bytes += reader.getTexture().sizeInBytes();
+    return size;
+}
+
+std::optional<Size> sizeIf(bool success, Size const& size)
+{
+    return success ? std::optional(size) : std::nullopt;
+}
+
+std::optional<Size> readPly(QString const& path)
 {
     PLYReader reader(PLYReader::MeshMode);
     reader.setFileName(path);
-    return reader.read(never);
+    return sizeIfRead(reader.read(never), reader);
 }
 
-bool readStl(QString const& path, STLTagHandler const* tags)
+std::optional<Size> readTags(QString const& path)
 {
-    STLReader reader(tags, false, path);
-    return reader.read(never) && !reader.getMesh().isNull();
+    UseAllTagsHandler const tags;
+    STLReader reader(&tags, false, path);
+    if (!reader.read(never))
+        return {};
+    Size size{};
+    for (STLSurfaceData* const data : reader.takeSTLSurfaceDataSets()) {
+        Size const one = sizeOf(data->getMesh());
+        size = {size.vertices + one.vertices, size.facets + one.facets, size.bytes + one.bytes};
+        delete data;
+    }
+    return size;
 }
 
-bool readObj(QString const& path, SurfaceReader::TextureSupport support)
+std::optional<Size> readObj(QString const& path, SurfaceReader::TextureSupport support)
 {
     OBJReader reader;
     reader.setFileName(path);
     reader.setTextureSupport(support);
-    return reader.read(never);
+    return sizeIfRead(reader.read(never), reader);
 }
 
 Work plyBytes(QString const& folder)
 {
     return [bytes = bytesOf(folder + QStringLiteral("/scan.ply"))] {
         PLYReader reader(PLYReader::MeshMode);
-        return reader.read(bytes, never);
+        return sizeIfRead(reader.read(bytes, never), reader);
     };
 }
 
 Work stlRow(QString const& path)
 {
-    return [path] { return readStl(path, nullptr); };
+    return [path] {
+        STLReader reader(nullptr, false, path);
+        return sizeIfRead(reader.read(never), reader);
+    };
 }
 
 Work taggedStlRow(QString const& path)
 {
-    return [path] {
-        UseAllTagsHandler const tags;
-        return readStl(path, &tags);
-    };
+    return [path] { return readTags(path); };
 }
 
 Work objRow(QString const& path, SurfaceReader::TextureSupport support)
@@ -96,7 +132,7 @@ Work writeStl(QString const& folder)
         STLWriter writer;
         writer.setData(mesh, 0, 0);
         writer.setFilePath(freshPath(folder, ".stl"));
-        return writer.write();
+        return sizeIf(writer.write(), sizeOf(mesh));
     };
 }
 
@@ -106,7 +142,7 @@ Work writePly(QString const& folder)
         PLYWriter writer;
         writer.setData(mesh, false, {});
         writer.setFilePath(freshPath(folder, ".ply"));
-        return writer.write();
+        return sizeIf(writer.write(), sizeOf(mesh));
     };
 }
 
@@ -114,7 +150,11 @@ Work readVolume(QString const& folder)
 {
     return [path = folder + QStringLiteral("/box.vmesh")] {
         MTModelVMeshParser parser(path);
-        return parser.read();
+        bool const success = parser.read();
+        MTModelVMesh const volume = parser.getVMesh();
+        qint64 const words = 3 * qint64(volume.numPoints) + 4 * qint64(volume.numTetrahedra) +
+                             9 * qint64(volume.numFaces) + 5 * qint64(volume.numBoundFaces);
+        return sizeIf(success, Size{volume.numPoints, volume.numTetrahedra, 4 * words});
     };
 }
 
@@ -122,7 +162,9 @@ Work readConditions(QString const& folder)
 {
     return [path = folder + QStringLiteral("/conditions.txt")] {
         MTModelBoundaryConditionsParser parser(path);
-        return parser.read();
+        bool const success = parser.read();
+        qint64 const count = parser.getBoundaryConditions().numBoundaryConditions;
+        return sizeIf(success, Size{count, 0, 16 * count});
     };
 }
 
@@ -132,15 +174,17 @@ Work writeConditions(QString const& folder)
         std::make_shared<MTModelBoundaryConditionsParser>(folder + QStringLiteral("/conditions.txt"));
     parser->read();
     return [folder, parser] {
-        MTModelBoundaryConditionsWriter writer(parser->getBoundaryConditions());
-        return writer.write(freshPath(folder, ".txt"));
+        MTModelBoundaryConditions const conditions = parser->getBoundaryConditions();
+        MTModelBoundaryConditionsWriter writer(conditions);
+        return sizeIf(writer.write(freshPath(folder, ".txt")), Size{conditions.numBoundaryConditions, 0});
     };
 }
 
 Work readTree(QString const& folder)
 {
-    return [path = folder + QStringLiteral("/scan.shapetree")] {
-        return ShapeNodeIOHelper::read(path, QVersionNumber(2, 0), false) != nullptr;
+    return [path = folder + QStringLiteral("/scan.shapetree")]() -> std::optional<Size> {
+        auto const tree = ShapeNodeIOHelper::read(path, QVersionNumber(2, 0), false);
+        return tree && tree->getShape() ? std::optional(sizeOf(tree->getShape()->getMesh())) : std::nullopt;
     };
 }
 
@@ -148,11 +192,19 @@ Work writeTree(QString const& folder)
 {
     std::shared_ptr<geometry::ShapeNode> const tree =
         ShapeNodeIOHelper::read(folder + QStringLiteral("/scan.shapetree"), QVersionNumber(2, 0), false);
-    return [folder, tree] { return ShapeNodeIOHelper::write(freshPath(folder, ".shapetree"), tree.get()); };
+    return [folder, tree] {
+        return sizeIf(ShapeNodeIOHelper::write(freshPath(folder, ".shapetree"), tree.get()),
+                      sizeOf(tree->getShape()->getMesh()));
+    };
 }
 
 struct Record
 {
+    Size size() const
+    {
+        return {numVertices, numIndices / 4, 24 * qint64(numVertices) + 4 * qint64(numIndices)};
+    }
+
     int numVertices = 0;
     int numIndices = 0;
     std::unique_ptr<float[]> vertices;
@@ -177,7 +229,8 @@ Work readRecord(QString const& folder)
 {
     return [path = folder + QStringLiteral("/scan.array")] {
         Record record;
-        return read(path, record);
+        bool const success = read(path, record);
+        return sizeIf(success, record.size());
     };
 }
 
@@ -186,8 +239,10 @@ Work writeRecord(QString const& folder)
     auto record = std::make_shared<Record>();
     read(folder + QStringLiteral("/scan.array"), *record);
     return [folder, record] {
-        return MeshWriter::write(freshPath(folder, ".array"), record->numVertices, record->vertices.get(),
-                                 record->normals.get(), record->numIndices, record->indices.get());
+        bool const success =
+            MeshWriter::write(freshPath(folder, ".array"), record->numVertices, record->vertices.get(),
+                              record->normals.get(), record->numIndices, record->indices.get());
+        return sizeIf(success, record->size());
     };
 }
 

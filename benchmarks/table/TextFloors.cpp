@@ -180,7 +180,7 @@ Obj readSplitObj(QByteArray const& bytes)
     return split.result;
 }
 
-bool readVolume(QByteArray const& bytes)
+std::optional<Size> readVolume(QByteArray const& bytes)
 {
     Text text(bytes);
     text.skipLine();
@@ -201,7 +201,7 @@ bool readVolume(QByteArray const& bytes)
     }
     for (auto& face : boundFaces)
         text.take(face);
-    return text.atEnd();
+    return Size{pointCount, tetrahedronCount};
 }
 
 Conditions readConditions(QByteArray const& bytes)

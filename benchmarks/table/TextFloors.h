@@ -1,6 +1,7 @@
 #pragma once
 
 #include "inhouse/data/Mesh.h"
+#include "table/Contender.h"
 
 #include <QByteArray>
 
@@ -21,7 +22,7 @@ Obj readObj(QByteArray const& bytes);
 Obj readSplitObj(QByteArray const& bytes);
 
 /// Points, faces, tetrahedra and bound faces of a ".vmesh" file.
-bool readVolume(QByteArray const& bytes);
+std::optional<Size> readVolume(QByteArray const& bytes);
 
 struct Conditions
 {
