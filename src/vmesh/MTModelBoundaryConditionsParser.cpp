@@ -33,9 +33,9 @@ struct MTModelBoundaryConditionsParser::Steps
     bool isDone(qint64) const { return parser.allBoundaryConditionsRead(); }
     void restart() const
     {
-        qint64 const fileBytes = parser.fileBytes;
+        qint64 const bytes = parser.fileBytes;
         parser.clear();
-        parser.fileBytes = fileBytes;
+        parser.fileBytes = bytes;
     }
 };
 
