@@ -1,3 +1,5 @@
+set(SURFACEIO_TEST_TIMEOUT 300 CACHE STRING "Seconds that a test may take")
+
 # surfaceio_add_test(<name> [PRIVATE_PARTS] [SOURCES ...] [LINK ...] [LABELS ...] [TIMEOUT s]):
 # the Qt Test program <name> from <name>.cpp. It links the shared library, or with PRIVATE_PARTS its static
 # twin, where what is not exported can be reached too. A message in the log that the test did not announce
@@ -19,7 +21,7 @@ function(surfaceio_add_test name)
   surfaceio_compile_rules(${name})
   add_test(NAME ${name} COMMAND ${name})
   if(NOT ARG_TIMEOUT)
-    set(ARG_TIMEOUT 300)
+    set(ARG_TIMEOUT ${SURFACEIO_TEST_TIMEOUT})
   endif()
   set_tests_properties(${name} PROPERTIES
     TIMEOUT ${ARG_TIMEOUT}

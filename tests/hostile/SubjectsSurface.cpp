@@ -149,6 +149,20 @@ Subject objFor(Policy policy, QString const& path)
     return obj("obj", {}, policy, path);
 }
 
+Subject objWithLibrary()
+{
+    auto const folder = std::make_shared<ObjFiles>();
+    folder->write(u"large.png"_s, support::plainImage(largeImageSide, largeImageSide, Qt::red));
+    Subject subject{"obj-with-library", "obj", {}};
+    subject.isText = true;
+    subject.fromBytes = [folder](QByteArray const& bytes, std::atomic<bool> const& cancel) {
+        folder->write(u"seeds.mtl"_s, bytes);
+        return readObj(Policy::TextureOptional, folder->path(u"seeds.obj"_s),
+                       [&](OBJReader& reader) { return reader.read(bytes, cancel); });
+    };
+    return subject;
+}
+
 void addPly(std::vector<Subject>& list)
 {
     list.push_back(ply("ply-mesh", seeds::plyFull(), {}));

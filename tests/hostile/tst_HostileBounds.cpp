@@ -2,8 +2,10 @@
 // grows with the bytes and not with their square.
 #include "hostile/AllocationHook.h"
 #include "hostile/Bounds.h"
+#include "hostile/GrowingFiles.h"
 #include "hostile/Messages.h"
 #include "hostile/Seeds.h"
+#include "hostile/SubjectParts.h"
 #include "hostile/Subjects.h"
 #include "support/PlyFiles.h"
 #include "support/ShapeTreeBytes.h"
@@ -92,6 +94,8 @@ private Q_SLOTS:
     void initTestCase();
     void bombs_data();
     void bombs();
+    void decodesAnImageOnce_data();
+    void decodesAnImageOnce();
     void grows_data();
     void grows();
 };
@@ -178,105 +182,65 @@ void tst_HostileBounds::bombs()
     QVERIFY2(outcome.fault.isEmpty(), qPrintable(outcome.fault));
 }
 
-using Maker = QByteArray (*)(int size);
-Q_DECLARE_METATYPE(Maker)
+void tst_HostileBounds::decodesAnImageOnce_data()
+{
+    QTest::addColumn<QByteArray>("one");
+    QTest::addColumn<QByteArray>("thousand");
+    QByteArray const image = "newmtl a\nmap_Kd large.png\n";
+    QTest::newRow("the same line") << image << image.repeated(1000);
+    QTest::newRow("the same image") << image << image + QByteArray("map_Ka ./large.png\n").repeated(1000);
+    QTest::newRow("one image for many materials")
+        << image
+        << image + joined(1000, [](int i) { return "newmtl " + number(i) + "\nmap_Kd large.png\n"; });
+    QTest::newRow("in turn with another")
+        << image << image + QByteArray("map_Kd a.png\nmap_Kd large.png\n").repeated(500);
+}
+
+// A thousand lines allocate less than one more image, and hold no more than one.
+void tst_HostileBounds::decodesAnImageOnce()
+{
+    QFETCH(QByteArray, one);
+    QFETCH(QByteArray, thousand);
+    QByteArray const start = "mtllib seeds.mtl\nv 0 0 0\nvt 0 0\nusemtl a\nf 1/1 1/1 1/1\n";
+    constexpr std::size_t imageBytes = std::size_t(4) * hostile::largeImageSide * hostile::largeImageSide;
+    Subject const subject = hostile::objWithLibrary();
+    hostile::Messages const messages;
+    std::size_t total = 0;
+    for (QByteArray const& library : {one, thousand}) {
+        hostile::allocations::Watch const watch;
+        Outcome const outcome = hostile::read(subject, start + library);
+        QVERIFY2(outcome.fault.isEmpty(), qPrintable(outcome.fault));
+        QCOMPARE(outcome.result, 0);
+        QVERIFY(watch.totalBytes() > imageBytes);
+        QVERIFY2(total == 0 || watch.totalBytes() < total + imageBytes,
+                 qPrintable(hostile::megabytes(watch.totalBytes() - total)));
+        QVERIFY(watch.peakBytes() <= hostile::allowedPeak(library.size()) + imageBytes);
+        total = watch.totalBytes();
+    }
+}
 
 void tst_HostileBounds::grows_data()
 {
-    QTest::addColumn<QByteArray>("subject");
-    QTest::addColumn<Maker>("maker");
-    QTest::newRow("STL: a tag for each facet") << QByteArray("stl-binary-all") << Maker([](int size) {
-        QByteArray body;
-        for (int i = 0; i < size; ++i)
-            body += support::facetBytes(support::loneFacet(i % 1000, i % 251, i % 241));
-        return support::binaryStl(quint32(size), body);
-    });
-    QTest::newRow("STL: two tags in turn") << QByteArray("stl-binary-all") << Maker([](int size) {
-        return support::binaryStl(quint32(size), (support::facetBytes(support::loneFacet(1, 0, 1)) +
-                                                  support::facetBytes(support::loneFacet(2, 0, 2)))
-                                                     .repeated(size / 2));
-    });
-    QTest::newRow("STL: one corner for all") << QByteArray("stl-binary") << Maker([](int size) {
-        return support::binaryStl(quint32(size), joined(size, [](int i) {
-                                      support::StlFacet facet = support::loneFacet(i);
-                                      facet.a = {};
-                                      return support::facetBytes(facet);
-                                  }));
-    });
-    QTest::newRow("STL: the same facet again") << QByteArray("stl-binary") << Maker([](int size) {
-        return support::binaryStl(quint32(size), support::facetBytes(support::loneFacet(1)).repeated(size));
-    });
-    QTest::newRow("STL: lines of nothing")
-        << QByteArray("stl-ascii")
-        << Maker([](int size) { return "solid\n" + QByteArray("facet normal\n").repeated(size); });
-    QTest::newRow("STL: blanks before the numbers") << QByteArray("stl-ascii") << Maker([](int size) {
-        return "solid\nvertex" + QByteArray(size, ' ') + "1 2 3\nvertex 1 2 4\nvertex 2 2 2\n";
-    });
-    QTest::newRow("PLY: comments") << QByteArray("ply-mesh") << Maker([](int size) {
-        return "ply\n" + QByteArray("comment c\n").repeated(size) + support::plyTriangle().mid(4);
-    });
-    QTest::newRow("PLY: a long comment") << QByteArray("ply-mesh") << Maker([](int size) {
-        return "ply\ncomment " + QByteArray(20 * size, 'x') + '\n' + support::plyTriangle().mid(4);
-    });
-    QTest::newRow("PLY: properties of no name") << QByteArray("ply-mesh") << Maker([](int size) {
-        return support::plyTriangle().replace(
-            "property float x", QByteArray("property char p\n").repeated(size / 4) + "property float x");
-    });
-    QTest::newRow("OBJ: positions at one place") << QByteArray("obj-plain") << Maker([](int size) {
-        return QByteArray("v 0 0 0\n").repeated(size) + "vn 0 0 1\nf 1//1 2//1 3//1\n";
-    });
-    QTest::newRow("OBJ: normals at one corner") << QByteArray("obj-plain") << Maker([](int size) {
-        return "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 2 2 2\n" + QByteArray("vn 0 0 1\n").repeated(size) +
-               joined(size, [](int i) { return "f 1//" + number(i + 1) + " 2//1 3//1\n"; });
-    });
-    QTest::newRow("vmesh: points") << QByteArray("vmesh") << Maker([](int size) {
-        return "# Labeled\n0 0 0 " + number(size) + '\n' + QByteArray("0 0 0\n").repeated(size);
-    });
-    QTest::newRow("vmesh: faces of one tetrahedron") << QByteArray("vmesh") << Maker([](int size) {
-        return "# Labeled\n1 " + number(size) + " 0 0\n" + QByteArray("0 0 1 2 3\n").repeated(size);
-    });
-    QTest::newRow("conditions") << QByteArray("conditions") << Maker([](int size) {
-        return "a\n\n\n" + number(size) + '\n' + QByteArray("0 0 0 0\n").repeated(size);
-    });
-    QTest::newRow("conditions: a pipe's growth") << QByteArray("conditions") << Maker([](int size) {
-        return "a\n\n\n" + number(2000000000) + '\n' + QByteArray("0 0 0 0\n").repeated(size);
-    });
-    QTest::newRow("shape tree: a chain") << QByteArray("shapetree-tree") << Maker([](int size) {
-        return support::shapeTreeHeader(2, 0) +
-               support::ShapeTreeBytes().node(u"a"_s, 1).bytes.repeated(size) +
-               support::ShapeTreeBytes().node(u"a"_s, 0).bytes;
-    });
-    QTest::newRow("shape tree: a fan") << QByteArray("shapetree-tree") << Maker([](int size) {
-        return support::shapeTreeHeader(2, 0) + support::ShapeTreeBytes().node(u"a"_s, quint32(size)).bytes +
-               support::ShapeTreeBytes().node(u"b"_s, 0).bytes.repeated(size);
-    });
-    QTest::newRow("XML: shapes without a file") << QByteArray("xml") << Maker([](int size) {
-        return document(QByteArray("<shape materialId='m'>b.x</shape>").repeated(size));
-    });
-    QTest::newRow("XML: materials") << QByteArray("xml") << Maker([](int size) {
-        return "<root><shapes/><materials>" +
-               joined(size, [](int i) { return "<material id='" + number(i) + "'/>"; }) +
-               "</materials></root>";
-    });
+    QTest::addColumn<int>("number");
+    for (int i = 0; i < int(hostile::growingFiles().size()); ++i)
+        QTest::newRow(hostile::growingFiles()[std::size_t(i)].name.constData()) << i;
 }
 
 // Without a clock: the allocations and their bytes may double with the file, and a fixed part stays.
 void tst_HostileBounds::grows()
 {
-    QFETCH(QByteArray, subject);
-    QFETCH(Maker, maker);
+    QFETCH(int, number);
+    hostile::GrowingFile const& file = hostile::growingFiles()[std::size_t(number)];
     hostile::Messages const messages;
-    Subject const chosen = subjectNamed(subject);
-    constexpr int unit = 25'000;
     constexpr double factor = 2.4;
     constexpr double fixedCount = 2'000;
     constexpr double fixedBytes = 4.0 * 1024 * 1024;
     double count = 0;
     double total = 0;
-    for (int const size : {unit, 2 * unit, 4 * unit}) {
-        QByteArray const bytes = maker(size);
+    for (int const size : hostile::growingSizes) {
+        QByteArray const bytes = file.make(size);
         hostile::allocations::Watch const watch;
-        Outcome const outcome = hostile::read(chosen, bytes);
+        Outcome const outcome = hostile::read(file.subject, bytes);
         auto const nowCount = double(watch.count());
         auto const nowTotal = double(watch.totalBytes());
         QVERIFY2(outcome.fault.isEmpty(), qPrintable(outcome.fault));

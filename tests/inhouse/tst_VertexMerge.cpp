@@ -1,4 +1,5 @@
 #include "inhouse/meshoperations/VertexMerge_p.h"
+#include "support/CollidingPoints.h"
 #include "support/Meshes.h"
 
 #include <QTest>
@@ -15,6 +16,7 @@
 namespace {
 
 using namespace meshoperations;
+using support::collidingPoints;
 
 using Points = std::vector<Point>;
 
@@ -42,39 +44,6 @@ bool sameBits(Points const& a, Points const& b)
 bool operator==(MergedVertices const& a, MergedVertices const& b)
 {
     return a.ids == b.ids && sameBits(a.points, b.points);
-}
-
-/// Inverse of an odd number modulo 2^64, by Newton's method.
-constexpr std::uint64_t inverse(std::uint64_t odd)
-{
-    std::uint64_t x = odd;
-    for (int i = 0; i < 6; ++i)
-        x *= 2 - odd * x;
-    return x;
-}
-
-/// `x ^ x >> 32` undoes itself.
-constexpr std::uint64_t fold(std::uint64_t x)
-{
-    return x ^ x >> 32;
-}
-
-/// Points that all have the hash `hash`: the hash function, run backwards.
-Points collidingPoints(std::size_t count, std::uint32_t hash)
-{
-    constexpr std::uint64_t first = inverse(0x9E3779B97F4A7C15u);
-    constexpr std::uint64_t second = inverse(0xD6E8FEB86659FD93u);
-    constexpr float z = 0.25f;
-    Points points;
-    for (std::uint64_t low = 0; points.size() < count; ++low) {
-        std::uint64_t const sum = fold((std::uint64_t(hash) << 32 | low) * second) * second;
-        std::uint64_t const xy = fold(sum - std::bit_cast<std::uint32_t>(z)) * first;
-        Point const point{std::bit_cast<float>(static_cast<std::uint32_t>(xy)),
-                          std::bit_cast<float>(static_cast<std::uint32_t>(xy >> 32)), z};
-        if (!hasNaN(point) && point.x != 0.0f && point.y != 0.0f)
-            points.push_back(point);
-    }
-    return points;
 }
 
 Points randomPoints(std::size_t count)
