@@ -87,9 +87,12 @@ struct OBJReader::WorkingLists
     /// Brings all three index lists to the same length, with -1 for what is absent.
     void completeIndices()
     {
-        if (normalIndices.isEmpty())
-            normalIndices.fill(-1, positionIndices.size());
-        if (textureIndices.isEmpty())
-            textureIndices.fill(-1, positionIndices.size());
+        for (QList<int>* const indices : {&normalIndices, &textureIndices}) {
+            if (!indices->isEmpty())
+                continue;
+            // Not fill(), which does not look whether it got its memory.
+            indices->reserve(positionIndices.size());
+            indices->resize(positionIndices.size(), -1);
+        }
     }
 };

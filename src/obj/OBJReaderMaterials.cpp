@@ -269,9 +269,9 @@ OBJReader::Error OBJReader::buildMesh(WorkingLists& lists, std::atomic<bool> con
     }
     geometry::Mesh const before = mesh;
     mesh = result;
-    if (lists.normals.isEmpty() && !computeNormals(cancel) && cancel) {
+    if (lists.normals.isEmpty() && !computeNormals(cancel)) {
         mesh = before;
-        return Cancelled;
+        return cancel ? Cancelled : NoData;
     }
     return error;
 }

@@ -1,5 +1,7 @@
 #include "ply/PLYSource.h"
 
+#include "framework/ByteLines.h"
+
 #include <QStringConverter>
 
 #include <algorithm>
@@ -10,9 +12,8 @@ namespace {
 
 constexpr qsizetype chunkBytes = qsizetype(64) * 1024;
 constexpr qsizetype longestMark = 4;
-// A text stream counts a line's characters in an int and holds them in memory several times over. No
-// exporter comes near this.
-constexpr qint64 longestLine = qint64(64) * 1024 * 1024;
+// A text stream holds the characters of a line in memory several times over.
+constexpr qint64 longestLine = text::longestLine;
 
 bool isAscii(char byte)
 {
@@ -109,7 +110,7 @@ qint64 PLYSource::readLinePiece(char* target, qint64 maxSize)
     qsizetype const length = linePieceLength(std::min<qint64>(maxSize, chunkBytes));
     bool const isLineEnd = length >= unitBytes && isLineFeed(ahead.constData() + next + length - unitBytes);
     lineBytes = isLineEnd ? 0 : lineBytes + length;
-    endlessLine = lineBytes > longestLine;
+    endlessLine = lineBytes >= longestLine;
     return endlessLine ? -1 : handOut(target, length);
 }
 
