@@ -22,6 +22,16 @@ QString BytesFile::write(QByteArray const& content)
     return isWritten ? QString() : file.errorString();
 }
 
+QString BytesFile::check() const
+{
+    return output.check(bytes);
+}
+
+QString BytesFile::moveIntoPlace()
+{
+    return output.moveIntoPlace();
+}
+
 QString BytesFile::commit()
 {
     return output.commit(bytes);

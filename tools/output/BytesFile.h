@@ -7,7 +7,7 @@
 namespace tool {
 
 /// A file whose content is in memory, with the care of OutputFile. Of several that belong together all are
-/// written before the first is committed. Each step returns nothing, or what went wrong.
+/// written and checked before the first is moved. Each step returns nothing, or what went wrong.
 class BytesFile
 {
 public:
@@ -15,6 +15,9 @@ public:
 
     QString open(bool mayReplace);
     QString write(QByteArray const& content);
+    QString check() const;
+    QString moveIntoPlace();
+    /// Both.
     QString commit();
 
     QString const path;

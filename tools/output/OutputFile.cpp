@@ -99,7 +99,7 @@ QString OutputFile::temporaryPath() const
     return folder->filePath(u"written."_s + QFileInfo(target).suffix());
 }
 
-QString OutputFile::commit(qint64 expectedBytes)
+QString OutputFile::check(qint64 expectedBytes) const
 {
     QString const written = temporaryPath();
     QString problem = sizeProblem(written, expectedBytes);
@@ -110,11 +110,21 @@ QString OutputFile::commit(qint64 expectedBytes)
         problem = targetProblem(mayReplace);
     if (problem.isEmpty() && Interrupt::flag())
         problem = u"interrupted; nothing was written"_s;
-    if (!problem.isEmpty())
-        return problem;
+    return problem;
+}
+
+QString OutputFile::moveIntoPlace()
+{
+    QString const written = temporaryPath();
     if (QFileInfo::exists(target))
         QFile::setPermissions(written, QFile::permissions(target));
     return replace(written, target);
+}
+
+QString OutputFile::commit(qint64 expectedBytes)
+{
+    QString const problem = check(expectedBytes);
+    return problem.isEmpty() ? moveIntoPlace() : problem;
 }
 
 } // namespace tool

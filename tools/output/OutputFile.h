@@ -30,7 +30,14 @@ public:
     QString temporaryPath() const;
 
     /// Has the system store the written file, checks that it holds `expectedBytes` bytes (any number but 0
-    /// when negative), and renames it to the target. Empty, or what went wrong, an interruption included.
+    /// when negative) and that the target may still be written. Empty, or what went wrong, an interruption
+    /// included. Of several files that belong together all are checked before the first is moved.
+    QString check(qint64 expectedBytes) const;
+
+    /// Renames the written file, which has been checked, to the target. Empty, or what went wrong.
+    QString moveIntoPlace();
+
+    /// Both, for a file that stands for itself.
     QString commit(qint64 expectedBytes);
 
 private:

@@ -21,6 +21,11 @@ QByteArray countBytes(qint64 count)
     return bytes;
 }
 
+Problem failed(QString const& sentence)
+{
+    return sentence.isEmpty() ? Problem() : Problem{ExitCode::ReadOrWriteFailed, sentence};
+}
+
 } // namespace
 
 FacetFile::FacetFile(QString const& path)
@@ -59,10 +64,20 @@ Problem FacetFile::finish()
     return isWritten ? Problem() : Problem{ExitCode::ReadOrWriteFailed, u"could not be written: "_s + reason};
 }
 
+Problem FacetFile::check() const
+{
+    return failed(output.check(stl::fileBytes(facetCount)));
+}
+
+Problem FacetFile::moveIntoPlace()
+{
+    return failed(output.moveIntoPlace());
+}
+
 Problem FacetFile::commit()
 {
-    QString const problem = output.commit(stl::fileBytes(facetCount));
-    return problem.isEmpty() ? Problem() : Problem{ExitCode::ReadOrWriteFailed, problem};
+    Problem const problem = check();
+    return problem ? problem : moveIntoPlace();
 }
 
 } // namespace tool::tags

@@ -21,7 +21,10 @@ public:
     void append(QByteArrayView record, stl::FacetTag const& tag);
     /// Writes the facet count and closes the file, still in its temporary place.
     Problem finish();
-    /// Moves it into place.
+    /// Whether it is whole, and may be moved into place.
+    Problem check() const;
+    Problem moveIntoPlace();
+    /// Both.
     Problem commit();
 
 private:

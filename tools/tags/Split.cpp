@@ -71,7 +71,11 @@ ExitCode writeAll(Parts const& parts, TaggedFile const& source, SplitOptions con
             return reported(problem, path, console);
     }
     for (auto const& file : files) {
-        if (Problem const problem = file->commit())
+        if (Problem const problem = file->check())
+            return reported(problem, file->path(), console);
+    }
+    for (auto const& file : files) {
+        if (Problem const problem = file->moveIntoPlace())
             return reported(problem, file->path(), console);
     }
     printFiles(files, options.json, console);

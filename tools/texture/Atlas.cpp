@@ -38,7 +38,7 @@ QString imageNameFrom(QString const& meshPath, QString const& imagePath)
 ExitCode read(AtlasOptions const& options, TexturedScan& scan, Console& console)
 {
     if (Problem const problem = readTexturedScan(options.in, scan))
-        return reported(problem, options.in, console);
+        return reported(problem, problem.code == ExitCode::Interrupted ? options.image : options.in, console);
     for (QString const& message : scan.log)
         qWarning().noquote() << message;
     console.note(
@@ -66,6 +66,20 @@ ExitCode writeImageOnly(AtlasOptions const& options, Console& console)
     return reported(problem, image.path, console);
 }
 
+// The image goes first: there is never a mesh whose image is not there yet.
+ExitCode commitBoth(BytesFile& image, BytesFile& mesh, Console& console)
+{
+    for (BytesFile const* const file : {&image, &mesh}) {
+        if (Problem const problem = failed(file->check()))
+            return reported(problem, file->path, console);
+    }
+    for (BytesFile* const file : {&image, &mesh}) {
+        if (Problem const problem = failed(file->moveIntoPlace()))
+            return reported(problem, file->path, console);
+    }
+    return ExitCode::Ok;
+}
+
 ExitCode writeBoth(AtlasOptions const& options, Console& console)
 {
     BytesFile image(options.image);
@@ -84,9 +98,7 @@ ExitCode writeBoth(AtlasOptions const& options, Console& console)
         return reported(problem, image.path, console);
     if (Problem const problem = failed(mesh.write(texturedPly(scan.mesh, name))))
         return reported(problem, mesh.path, console);
-    if (Problem const problem = failed(image.commit()))
-        return reported(problem, image.path, console);
-    return reported(failed(mesh.commit()), mesh.path, console);
+    return commitBoth(image, mesh, console);
 }
 
 } // namespace

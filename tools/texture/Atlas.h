@@ -16,7 +16,8 @@ struct AtlasOptions
 };
 
 /// Writes the textures of an OBJ or PLY file as one image and, when asked for, the mesh with coordinates in
-/// it. Either both files appear or none.
+/// it. Either both files appear or none: both are written and checked before the image is moved into place,
+/// and then the mesh.
 ExitCode writeAtlas(AtlasOptions const& options, Console& console);
 
 } // namespace tool

@@ -68,7 +68,11 @@ ExitCode writeSampleObj(QString const& path, sample::DentalArch const& arch, qui
     if (code != ExitCode::Ok)
         return code;
     for (auto const& file : files) {
-        if (Problem const problem = failed(file->commit()))
+        if (Problem const problem = failed(file->check()))
+            return reported(problem, file->path, console);
+    }
+    for (auto const& file : files) {
+        if (Problem const problem = failed(file->moveIntoPlace()))
             return reported(problem, file->path, console);
     }
     return ExitCode::Ok;
