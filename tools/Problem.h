@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Console.h"
+#include "Interrupt.h"
 
 namespace tool {
 
@@ -13,6 +14,14 @@ struct Problem
 
     explicit operator bool() const { return code != ExitCode::Ok; }
 };
+
+/// The problem of a file that would have been written, after Ctrl-C; none otherwise.
+inline Problem interruption()
+{
+    return Interrupt::flag()
+               ? Problem{ExitCode::Interrupted, QStringLiteral("interrupted; nothing was written")}
+               : Problem();
+}
 
 /// Says "path: sentence" when there is a problem, and returns its exit code.
 inline ExitCode reported(Problem const& problem, QString const& path, Console& console)

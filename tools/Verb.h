@@ -40,5 +40,6 @@ extern Verb const manualVerb;
 extern Verb const previewVerb;
 extern Verb const sampleVerb;
 extern Verb const tagsVerb;
+extern Verb const vmeshVerb;
 
 } // namespace tool

@@ -19,9 +19,9 @@ namespace {
 using namespace tool;
 
 // One row for each verb, in the order of the help.
-constexpr std::array verbs = {&infoVerb,    &checkVerb,      &convertVerb, &bakeVerb,   &atlasVerb,
-                              &previewVerb, &headerVerb,     &tagsVerb,    &sampleVerb, &formatsVerb,
-                              &bundleVerb,  &completionVerb, &manualVerb};
+constexpr std::array verbs = {&infoVerb,    &checkVerb,  &convertVerb,    &bakeVerb,  &atlasVerb,
+                              &previewVerb, &headerVerb, &tagsVerb,       &vmeshVerb, &sampleVerb,
+                              &formatsVerb, &bundleVerb, &completionVerb, &manualVerb};
 
 struct CommonOptions
 {

@@ -28,6 +28,13 @@ private Q_SLOTS:
         write(u"cut.stl"_s, binaryStl(stlFacet(0)).chopped(1));
         write(u"solid.stl"_s, binaryStl(stlFacet(0), "solid"));
         write(u"metres.stl"_s, binaryStl(stlFacet(0) + stlFacet(9'000)));
+        write(u"one.msh"_s,
+              "$MeshFormat\n2.2 0 8\n$EndMeshFormat\n$Nodes\n4\n1 0 0 0\n2 1 0 0\n3 0 1 0\n4 0 0 1\n"
+              "$EndNodes\n$Elements\n1\n1 4 0 1 2 3 4\n$EndElements\n");
+        write(u"cut.msh"_s, "$MeshFormat\n2.2 0 8\n");
+        write(u"new.msh"_s, "$MeshFormat\n4.1 0 8\n");
+        write(u"load.txt"_s, "FemBoundaryConditions\n{\nDefaultMeshFilename\n1\n0 0 0 1\n}");
+        QCOMPARE(run({u"vmesh"_s, u"from"_s, u"one.msh"_s, u"-o"_s, u"one.vmesh"_s}).exitCode, 0);
         QCOMPARE(run({u"bundle"_s, u"pack"_s, u"shapes.xml"_s, u"one.stl"_s}).exitCode, 0);
     }
 
@@ -56,14 +63,18 @@ private Q_SLOTS:
         row(2, "preview one.stl -o out.doc");
         row(2, "tags relabel one.stl x=y -o out.stl");
         row(2, "completion csh");
+        row(2, "vmesh");
+        row(2, "vmesh from one.msh");
         row(3, "info cut.stl");
         row(3, "check cut.stl");
         row(3, "convert cut.stl out.xyz");
         row(3, "preview cut.stl -o out.png");
         row(3, "tags list cut.stl");
         row(3, "info --strict cut.stl");
+        row(3, "vmesh from cut.msh -o out.vmesh");
         row(4, "info solid.stl");
         row(4, "convert solid.stl out.xyz");
+        row(4, "vmesh from new.msh -o out.vmesh");
         row(5, "convert one.stl out.xyz --imported --strict --force");
         row(5, "check metres.stl --strict");
         row(5, "check metres.stl --strict --quiet");
@@ -98,6 +109,9 @@ private Q_SLOTS:
             {u"header get"_s, {u"one.stl"_s}},
             {u"tags list"_s, {u"one.stl"_s}},
             {u"tags split"_s, {u"tagged.stl"_s}},
+            {u"vmesh from"_s, {u"one.msh"_s, u"-o"_s, u"json.vmesh"_s}},
+            {u"vmesh faces"_s, {u"one.vmesh"_s, u"-o"_s, u"faces.vmesh"_s}},
+            {u"vmesh conditions"_s, {u"load.txt"_s}},
             {u"formats"_s, {}},
             {u"bundle list"_s, {u"shapes.xml"_s}},
         };

@@ -10,9 +10,11 @@ SubVerbs::SubVerbs(CLI::App& verb)
     parent.require_subcommand(1);
 }
 
-CLI::App& SubVerbs::add(std::string const& name, std::string const& purpose, Verb::Action action)
+CLI::App& SubVerbs::add(std::string const& name, std::string const& purpose, Verb::Action action,
+                        std::string const& examples)
 {
-    CLI::App* const verb = parent.add_subcommand(name, purpose);
+    std::string const description = examples.empty() ? purpose : purpose + "\n\nExamples:\n" + examples;
+    CLI::App* const verb = parent.add_subcommand(name, description);
     verb->fallthrough();
     rows->push_back({verb, std::move(action)});
     return *verb;

@@ -1,0 +1,51 @@
+#include "volume/TetrahedralMesh.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace tool::volume {
+
+namespace {
+
+template <typename Value>
+QSharedPointer<Value> toShared(std::vector<Value> const& values)
+{
+    QSharedPointer<Value> array(new Value[values.size()], std::default_delete<Value[]>());
+    std::copy(values.begin(), values.end(), array.data());
+    return array;
+}
+
+} // namespace
+
+qint64 removeUnusedPoints(TetrahedralMesh& mesh)
+{
+    constexpr qint32 unused = -1;
+    std::vector<qint32> numbers(mesh.points.size() / 3, unused);
+    for (qint32 const point : mesh.tetrahedra)
+        numbers[static_cast<std::size_t>(point)] = 0;
+    qint32 used = 0;
+    for (std::size_t k = 0; k < numbers.size(); ++k) {
+        if (numbers[k] == unused)
+            continue;
+        std::copy_n(mesh.points.begin() + 3 * std::ptrdiff_t(k), 3,
+                    mesh.points.begin() + 3 * std::ptrdiff_t(used));
+        numbers[k] = used++;
+    }
+    for (qint32& point : mesh.tetrahedra)
+        point = numbers[static_cast<std::size_t>(point)];
+    qint64 const removed = mesh.pointCount() - used;
+    mesh.points.resize(3 * static_cast<std::size_t>(used));
+    return removed;
+}
+
+MTModelVMesh toVolumeMesh(TetrahedralMesh const& mesh)
+{
+    MTModelVMesh volume;
+    volume.numPoints = static_cast<qint32>(mesh.pointCount());
+    volume.numTetrahedra = static_cast<qint32>(mesh.tetrahedronCount());
+    volume.points = toShared(mesh.points);
+    volume.tetrahedra = toShared(mesh.tetrahedra);
+    return volume;
+}
+
+} // namespace tool::volume
