@@ -25,6 +25,8 @@ private Q_SLOTS:
     {
         QVERIFY(folder.isValid());
         QCOMPARE(run({u"sample"_s, u"big.stl"_s, u"--facets"_s, u"200000"_s}), 0);
+        QCOMPARE(run({u"sample"_s, u"big.obj"_s, u"--facets"_s, u"50000"_s}), 0);
+        QVERIFY(support::writeFile(folder.filePath(u"big.vtk"_s), manyTetrahedra(50'000)));
     }
 
     void init() { QVERIFY(QDir(folder.filePath(u"out"_s)).removeRecursively()); }
@@ -43,6 +45,15 @@ private Q_SLOTS:
         row("convert, terminal gone", {u"convert"_s, u"big.stl"_s, u"out/big.xyz"_s}, SIGHUP, noFile);
         row("sample", {u"sample"_s, u"out/big.stl"_s}, SIGINT,
             "surfaceio: out/big.stl: interrupted; nothing was written\n");
+        row("preview", {u"preview"_s, u"big.obj"_s, u"-o"_s, u"out/big.png"_s, u"--size"_s, u"64"_s}, SIGINT,
+            "surfaceio: out/big.png: interrupted; nothing was written\n");
+        row("bake", {u"bake"_s, u"big.obj"_s, u"out/big.ply"_s}, SIGINT,
+            "surfaceio: out/big.ply: interrupted; nothing was written\n");
+        row("atlas",
+            {u"atlas"_s, u"big.obj"_s, u"--image"_s, u"out/big.png"_s, u"--mesh"_s, u"out/big.ply"_s}, SIGINT,
+            "surfaceio: out/big.png: interrupted; nothing was written\n");
+        row("vmesh", {u"vmesh"_s, u"from"_s, u"big.vtk"_s, u"-o"_s, u"out/big.vmesh"_s}, SIGINT,
+            "surfaceio: out/big.vmesh: interrupted; nothing was written\n");
     }
 
     void whileFilesAreWritten()
@@ -142,6 +153,16 @@ private:
             QVERIFY(QDir(out).removeRecursively() && QDir(folder.path()).mkdir(u"out"_s));
         }
         QFAIL("the program is always done before it can be held");
+    }
+
+    static QByteArray manyTetrahedra(int count)
+    {
+        QByteArray const number = QByteArray::number(count);
+        return "# vtk DataFile Version 2.0\n\nASCII\nDATASET UNSTRUCTURED_GRID\nPOINTS 4 float\n"
+               "0 0 0 1 0 0 0 1 0 0 0 1\nCELLS " +
+               number + ' ' + QByteArray::number(5 * count) + '\n' +
+               QByteArray("4 0 1 2 3\n").repeated(count) + "CELL_TYPES " + number + '\n' +
+               QByteArray("10\n").repeated(count);
     }
 
     static QStringList entriesOf(QDir const& where)

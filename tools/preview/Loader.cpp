@@ -8,6 +8,7 @@
 #include "stl/STLReader.h"
 #include "stl/STLTagHandler.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <memory>
@@ -33,11 +34,14 @@ bool loadStl(QString const& path, Model& model)
     return true;
 }
 
-bool loadFrom(SurfaceReader& reader, QString const& path, Model& model)
+// `read` has the reader read the file, from a device: only that can be stopped.
+template <typename Read>
+bool loadWith(SurfaceReader& reader, QString const& path, Model& model, Read const& read)
 {
+    QFile file(path);
     reader.setFileName(path);
     reader.setTextureSupport(SurfaceReader::TextureOptional);
-    if (!readNamingImages(path, [&] { return reader.read(Interrupt::flag()); }))
+    if (!readNamingImages(path, [&] { return read(file); }))
         return false;
     model.surfaces.push_back({geometry::unstrip(reader.getMesh()), reader.getTexture()});
     return true;
@@ -46,13 +50,16 @@ bool loadFrom(SurfaceReader& reader, QString const& path, Model& model)
 bool loadPly(QString const& path, Model& model)
 {
     PLYReader reader(PLYReader::MeshMode);
-    return loadFrom(reader, path, model);
+    return loadWith(reader, path, model,
+                    [&reader](QFile& file) { return reader.read(&file, Interrupt::flag()); });
 }
 
 bool loadObj(QString const& path, Model& model)
 {
     OBJReader reader;
-    return loadFrom(reader, path, model);
+    return loadWith(reader, path, model, [&reader](QFile& file) {
+        return reader.read(&file, Interrupt::flag()) == OBJReader::NoError;
+    });
 }
 
 bool loadAnyMesh(QString const& path, Model& model)

@@ -118,20 +118,37 @@ QString plyObstacle(QString const& path)
     return u"its texture could not be read"_s;
 }
 
+// `read` has the reader read the file, from a device: only that can be stopped.
+template <typename Read>
+bool readWith(SurfaceReader& reader, QString const& path, TexturedScan& scan, Read const& read)
+{
+    QFile file(path);
+    reader.setFileName(path);
+    reader.setTextureSupport(SurfaceReader::TextureRequired);
+    LogCapture const capture;
+    bool const isRead = read(file);
+    scan = {reader.getMesh(), reader.getTexture(), capture.messages()};
+    return isRead && !scan.texture.isNull();
+}
+
+bool readObj(QString const& path, TexturedScan& scan)
+{
+    OBJReader reader;
+    return readWith(reader, path, scan, [&reader](QFile& file) {
+        return reader.read(&file, Interrupt::flag()) == OBJReader::NoError;
+    });
+}
+
+bool readPly(QString const& path, TexturedScan& scan)
+{
+    PLYReader reader(PLYReader::MeshMode);
+    return readWith(reader, path, scan,
+                    [&reader](QFile& file) { return reader.read(&file, Interrupt::flag()); });
+}
+
 bool read(QString const& path, bool isObj, TexturedScan& scan)
 {
-    std::unique_ptr<SurfaceReader> reader;
-    if (isObj)
-        reader = std::make_unique<OBJReader>();
-    else
-        reader = std::make_unique<PLYReader>(PLYReader::MeshMode);
-    reader->setFileName(path);
-    reader->setTextureSupport(SurfaceReader::TextureRequired);
-    std::atomic<bool> const cancel = false;
-    LogCapture const capture;
-    bool const isRead = reader->read(cancel);
-    scan = {reader->getMesh(), reader->getTexture(), capture.messages()};
-    return isRead && !scan.texture.isNull();
+    return isObj ? readObj(path, scan) : readPly(path, scan);
 }
 
 } // namespace
@@ -145,6 +162,8 @@ Problem readTexturedScan(QString const& path, TexturedScan& scan)
         return {ExitCode::ReadOrWriteFailed, problem};
     if (read(path, isObj, scan))
         return {};
+    if (Problem problem = interruption())
+        return problem;
     Inspection const inspection = inspectFile(path);
     if (inspection.code != ExitCode::Ok)
         return {inspection.code, inspection.problem};

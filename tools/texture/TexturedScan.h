@@ -18,7 +18,7 @@ struct TexturedScan
 };
 
 /// Reads an OBJ or PLY file with its texture; several become an atlas. A problem says what the file lacks: a
-/// texture that is named has to be there, all of several too.
+/// texture that is named has to be there, all of several too. An interruption is a problem.
 Problem readTexturedScan(QString const& path, TexturedScan& scan);
 
 } // namespace tool

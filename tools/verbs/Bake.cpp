@@ -30,7 +30,8 @@ ExitCode run(Options const& options, Console& console)
     TexturedScan scan;
     if (Problem const problem = readTexturedScan(in, scan))
         return reported(problem, in, console);
-    return convert({in, out, options.force}, console);
+    ExitCode const code = convert({in, out, options.force}, console);
+    return code == ExitCode::Interrupted ? reported(interruption(), out, console) : code;
 }
 
 Verb::Action setUp(CLI::App& app)

@@ -1,3 +1,4 @@
+#include "Problem.h"
 #include "Verb.h"
 #include "convert/MeshFile.h"
 #include "images/ImageLimit.h"
@@ -77,6 +78,8 @@ ExitCode load(QString const& path, preview::Model& model, Console& console)
         return fail(ExitCode::ReadOrWriteFailed, path, problem, console);
     if (preview::load(path, model))
         return ExitCode::Ok;
+    if (Interrupt::flag())
+        return ExitCode::Interrupted;
     Inspection const inspection = inspectFile(path);
     if (inspection.code != ExitCode::Ok)
         return fail(inspection.code, path, inspection.problem, console);
@@ -109,6 +112,8 @@ ExitCode run(Options const& options, Console& console)
         return fail(ExitCode::ReadOrWriteFailed, out, problem, console);
     preview::Model model;
     ExitCode const code = load(in, model, console);
+    if (Problem const problem = interruption())
+        return reported(problem, out, console);
     if (code != ExitCode::Ok)
         return code;
     QString const problem = write(output, draw(model, options));
