@@ -19,6 +19,7 @@ import plot
 import ratios
 
 PEERS = ["admesh", "assimp", "cgal", "meshio-gmsh", "meshio-medit", "openmesh", "tinyobjloader", "vtk"]
+NOT_CONTENDERS = ["table_data", "table_nothingCore", "table_nothingGui"]
 ROUND_MILLISECONDS = 250  # that a contender works in one round, if once and again are not longer
 START_UPS = 20  # programs started in one round
 COMPLAINTS = []
@@ -100,12 +101,13 @@ def contenders(build):
     """All that are there."""
     programs = build / "benchmarks"
     found = [Contender(path.name.removeprefix("table_"), [path]) for path in sorted(programs.glob("table_*"))
-             if path.is_file() and not path.suffix and path.name not in ("table_data", "table_nothing")]
+             if path.is_file() and not path.suffix and path.name not in NOT_CONTENDERS]
     python = python_with("meshio")
     if python:
         peer = pathlib.Path(__file__).with_name("meshio_peer.py")
         found += [Contender(f"meshio-{kind}", [python, peer, kind]) for kind in ("medit", "gmsh")]
-    found += [StartUp("ours", [build / "tools/surfaceio", "info"]), StartUp("floor", [programs / "table_nothing"])]
+    found += [StartUp("ours", [build / "tools/surfaceio", "info"]), StartUp("floor", [programs / "table_nothingCore"]),
+              StartUp("empty Qt Gui", [programs / "table_nothingGui"])]
     return [contender for contender in found if contender.rows]
 
 

@@ -52,6 +52,25 @@ void appendMesh(geometry::Mesh& mesh, geometry::Mesh const& more)
         mesh.indices.append(index < 0 ? index : index + shift);
 }
 
+// 0, 1, 2, -1, 3, 4, 5, -1 and so on.
+void fillStrips(int triangles, int* next)
+{
+    for (int index = 0; index < verticesPerTriangle * triangles; index += verticesPerTriangle) {
+        *next++ = index;
+        *next++ = index + 1;
+        *next++ = index + 2;
+        *next++ = restart;
+    }
+}
+
+QList<int> stripList(int triangles)
+{
+    QList<int> strips;
+    strips.resize(qsizetype(stl::indicesPerTriangle) * triangles);
+    fillStrips(triangles, strips.data());
+    return strips;
+}
+
 } // namespace
 
 STLSurfaceCreator::STLSurfaceCreator(STLTagHandler const* tagHandler_, bool sharpEdges_)
@@ -112,8 +131,13 @@ STLSurfaceData* STLSurfaceCreator::getSurface(QDataStream& stream, STLDataFormat
 {
     removeSurfaceData();
     int const facets = stl::facetsPresent(stream, format, format.numberOfTriangles, format.firstVertexOffset);
-    geometry::Mesh mesh = readMesh({untagged, none, facets, format.firstVertexOffset}, stream, format);
-    cleanSurfaceData(mesh, cancel);
+    int const vertexCount = verticesPerTriangle * facets;
+    // What `readMesh` and `cleanSurfaceData` do, without a mesh between them: memory that is touched for the
+    // first time costs more than the facets that are put there.
+    geometry::Mesh mesh =
+        stl::cleanedMesh({getVerticesFromStream(stream, format, vertexCount, format.firstVertexOffset),
+                          vertexCount, stripList(facets)},
+                         cancel);
     addNormals(mesh, cancel);
     return new STLSurfaceData(untagged, mesh, {}, none);
 }
@@ -226,13 +250,7 @@ std::unique_ptr<int[]> STLSurfaceCreator::getStripsFromStream(int triangleCount,
 {
     auto strips = std::make_unique<int[]>(static_cast<std::size_t>(indexCount));
     int const triangles = std::min(triangleCount, indexCount / stl::indicesPerTriangle);
-    int* next = strips.get();
-    for (int index = 0; index < verticesPerTriangle * triangles; index += verticesPerTriangle) {
-        *next++ = index;
-        *next++ = index + 1;
-        *next++ = index + 2;
-        *next++ = restart;
-    }
+    fillStrips(triangles, strips.get());
     return strips;
 }
 

@@ -49,6 +49,7 @@ PointTable::PointTable(std::size_t expected)
     slots.resize(std::size_t(1) << bits);
     mask = slots.size() - 1;
     limit = slots.size() / 4 * 3;
+    points.reserve(expected); // grown step by step it would touch twice as much memory
 }
 
 void PointTable::prefetchSlot(std::uint32_t hash) const
