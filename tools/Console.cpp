@@ -1,5 +1,7 @@
 #include "Console.h"
 
+#include "Text.h"
+
 #include <QByteArray>
 
 #include <array>
@@ -37,7 +39,8 @@ struct Style
 };
 
 // In the order of Message::Kind.
-constexpr std::array styles = {Style{"", "\x1b[31m"}, Style{"warning: ", "\x1b[33m"}, Style{"", ""}};
+constexpr std::array styles = {Style{"", "\x1b[31m"},
+                               Style{QT_TRANSLATE_NOOP("Text", "warning: "), "\x1b[33m"}, Style{"", ""}};
 
 thread_local MessageCapture* innermostCapture = nullptr;
 
@@ -119,7 +122,7 @@ void Console::say(Message const& message)
     bool const isStyled = coloured && *style.colour != '\0';
     QByteArray line = "surfaceio: ";
     line += isStyled ? style.colour : "";
-    line += style.prefix;
+    line += *style.prefix == '\0' ? QByteArray() : Text::tr(style.prefix).toUtf8();
     line += printable(message.sentence).toUtf8();
     line += isStyled ? resetStyle : "";
     write(line + '\n');

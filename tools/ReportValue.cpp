@@ -1,4 +1,5 @@
 #include "Report.h"
+#include "Text.h"
 
 #include <QStringList>
 
@@ -71,7 +72,7 @@ QString quoted(QString const& text)
 struct AsText
 {
     QString operator()(std::monostate) const { return u"-"_s; }
-    QString operator()(bool value) const { return value ? u"yes"_s : u"no"_s; }
+    QString operator()(bool value) const { return value ? Text::tr("yes") : Text::tr("no"); }
     QString operator()(qint64 value) const { return QString::number(value); }
     QString operator()(float value) const { return fraction(static_cast<double>(value)); }
     QString operator()(double value) const { return fraction(value); }

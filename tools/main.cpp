@@ -1,7 +1,11 @@
 #include "Console.h"
 #include "Interrupt.h"
+#include "Language.h"
 #include "LibraryLog.h"
+#include "Text.h"
+#include "UsageText.h"
 #include "Verb.h"
+#include "describe/Command.h"
 #include "verbs/Choices.h"
 
 #include <QCoreApplication>
@@ -55,11 +59,13 @@ void prepareProcess()
 
 void addCommonOptions(CLI::App& verb, CommonOptions& common)
 {
-    constexpr char const* group = "Options of every verb";
-    verb.add_flag("-q,--quiet", common.quiet, "Show failures only, no warnings")->group(group);
-    verb.add_flag("-v,--verbose", common.verbose, "Show more of what is done, on stderr")->group(group);
-    verb.add_flag("--strict", common.strict, "Exit with 5 when all went well but for warnings")->group(group);
-    verb.add_option("--color", common.colour, "Colour messages: auto, always or never")
+    std::string const group = commonGroup();
+    verb.add_flag("-q,--quiet", common.quiet, Text::utf8("Show failures only, no warnings"))->group(group);
+    verb.add_flag("-v,--verbose", common.verbose, Text::utf8("Show more of what is done, on stderr"))
+        ->group(group);
+    verb.add_flag("--strict", common.strict, Text::utf8("Exit with 5 when all went well but for warnings"))
+        ->group(group);
+    verb.add_option("--color", common.colour, Text::utf8("Colour messages: auto, always or never"))
         ->check(oneOf({"auto", "always", "never"}))
         ->type_name("WHEN")
         ->group(group);
@@ -74,7 +80,7 @@ Console::Colour colourNamed(std::string const& name)
 
 Verb::Action addVerb(CLI::App& program, Verb const& verb, CommonOptions& common)
 {
-    std::string const description = std::string(verb.purpose) + "\n\nExamples:\n" + verb.examples;
+    std::string const description = Text::utf8(verb.purpose) + examplesHeading() + verb.examples;
     CLI::App* const options = program.add_subcommand(verb.name, description);
     if (verb.isHidden)
         options->group("");
@@ -86,6 +92,32 @@ Verb::Action addVerb(CLI::App& program, Verb const& verb, CommonOptions& common)
 // Verbs are listed with the first sentence of their description only.
 class HelpFormatter : public CLI::Formatter
 {
+public:
+    HelpFormatter()
+    {
+        label("Usage", Text::utf8("Usage"));
+        label("OPTIONS", Text::utf8("OPTIONS"));
+        label("SUBCOMMAND", Text::utf8("SUBCOMMAND"));
+        label("Positionals", Text::utf8("Positionals"));
+        label("REQUIRED", Text::utf8("REQUIRED"));
+        label("Needs", Text::utf8("Needs"));
+    }
+
+private:
+    // These two groups have their names from CLI11.
+    std::string make_group(std::string group, bool isPositional,
+                           std::vector<CLI::Option const*> options) const override
+    {
+        return Formatter::make_group(group == "Options" ? Text::utf8("Options") : group, isPositional,
+                                     options);
+    }
+
+    std::string make_subcommands(CLI::App const* app, CLI::AppFormatMode mode) const override
+    {
+        return CLI::detail::find_and_replace(Formatter::make_subcommands(app, mode), "\nSubcommands:\n",
+                                             '\n' + Text::utf8("Subcommands") + ":\n");
+    }
+
     std::string make_subcommand(CLI::App const* sub) const override
     {
         std::string const description = sub->get_description();
@@ -112,8 +144,8 @@ ExitCode usageError(CLI::App const& program, CLI::ParseError const& error, Conso
         app = app->get_subcommands().front();
         command += u' ' + QString::fromStdString(app->get_name());
     }
-    console.failure(QString::fromStdString(error.what()));
-    console.failure(QStringLiteral("see \"%1 --help\"").arg(command));
+    console.failure(usageSentence(QString::fromStdString(error.what())));
+    console.failure(Text::tr("see \"%1 --help\"").arg(command));
     return ExitCode::Usage;
 }
 
@@ -128,11 +160,25 @@ ExitCode run(Verb::Action const& action, CommonOptions const& common, Console& c
     return isSpoilt ? ExitCode::WarningsUnderStrict : code;
 }
 
-ExitCode parseAndRun(Console& console)
+bool wantsJson(CLI::App const& program)
 {
-    CLI::App program("Looks at, checks and converts surface meshes of dental and maxillofacial scans.");
+    for (CLI::App const* app = &program; app != nullptr;) {
+        CLI::Option const* const json = app->get_option_no_throw("--json");
+        if (json != nullptr && json->count() > 0)
+            return true;
+        app = app->get_subcommands().empty() ? nullptr : app->get_subcommands().front();
+    }
+    return false;
+}
+
+ExitCode parseAndRun(Language& language, Console& console)
+{
+    CLI::App program(
+        Text::utf8("Looks at, checks and converts surface meshes of dental and maxillofacial scans."));
     program.name("surfaceio");
-    program.set_version_flag("--version", "surfaceio " SURFACEIO_VERSION);
+    program.set_help_flag("-h,--help", Text::utf8("Print this help message and exit"));
+    program.set_version_flag("--version", "surfaceio " SURFACEIO_VERSION,
+                             Text::utf8("Display program version information and exit"));
     program.formatter(std::make_shared<HelpFormatter>());
     program.require_subcommand(1);
     CommonOptions common;
@@ -149,6 +195,8 @@ ExitCode parseAndRun(Console& console)
     } catch (CLI::ParseError const& error) {
         return usageError(program, error, console);
     }
+    if (wantsJson(program))
+        language.becomeEnglish();
     return run(actions.at(program.get_subcommands().front()->get_name()), common, console);
 }
 
@@ -158,10 +206,11 @@ int main(int argc, char** argv)
 {
     prepareProcess();
     QCoreApplication const application(argc, argv);
+    Language language(Language::preferred());
     Console console;
-    ExitCode code = parseAndRun(console);
+    ExitCode code = parseAndRun(language, console);
     if (!console.finish() && code == ExitCode::Ok) {
-        console.failure(QStringLiteral("the results could not be written to the standard output"));
+        console.failure(Text::tr("the results could not be written to the standard output"));
         code = ExitCode::ReadOrWriteFailed;
     }
     return Interrupt::exitCode() != 0 ? Interrupt::exitCode() : static_cast<int>(code);

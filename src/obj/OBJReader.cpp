@@ -2,6 +2,7 @@
 
 #include "framework/MemoryGuard.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTextStream>
 
@@ -13,26 +14,26 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array errorTexts = {
-    ""_L1,
-    "no file name"_L1,
-    "cannot open file"_L1,
-    "no data"_L1,
-    "cancelled"_L1,
-    "multiple material files unsupported"_L1,
-    "incomplete uv mapping"_L1,
-    "incomplete vertex coordinates"_L1,
-    "incomplete texture coordinates"_L1,
-    "incomplete vertex normal coordinates"_L1,
-    "unable to load mesh with current texture support flag"_L1,
-    "no material file name"_L1,
-    "cannot open material file"_L1,
-    "cannot find texture file"_L1,
-    "cannot open texture file"_L1,
-    "invalid vertex id"_L1,
-    "quad faces not supported"_L1,
-    "invalid material file"_L1,
+    "",
+    QT_TRANSLATE_NOOP("OBJReader", "no file name"),
+    QT_TRANSLATE_NOOP("OBJReader", "cannot open file"),
+    QT_TRANSLATE_NOOP("OBJReader", "no data"),
+    QT_TRANSLATE_NOOP("OBJReader", "cancelled"),
+    QT_TRANSLATE_NOOP("OBJReader", "multiple material files unsupported"),
+    QT_TRANSLATE_NOOP("OBJReader", "incomplete uv mapping"),
+    QT_TRANSLATE_NOOP("OBJReader", "incomplete vertex coordinates"),
+    QT_TRANSLATE_NOOP("OBJReader", "incomplete texture coordinates"),
+    QT_TRANSLATE_NOOP("OBJReader", "incomplete vertex normal coordinates"),
+    QT_TRANSLATE_NOOP("OBJReader", "unable to load mesh with current texture support flag"),
+    QT_TRANSLATE_NOOP("OBJReader", "no material file name"),
+    QT_TRANSLATE_NOOP("OBJReader", "cannot open material file"),
+    QT_TRANSLATE_NOOP("OBJReader", "cannot find texture file"),
+    QT_TRANSLATE_NOOP("OBJReader", "cannot open texture file"),
+    QT_TRANSLATE_NOOP("OBJReader", "invalid vertex id"),
+    QT_TRANSLATE_NOOP("OBJReader", "quad faces not supported"),
+    QT_TRANSLATE_NOOP("OBJReader", "invalid material file"),
     // The application shows nothing for a texture that it cannot use.
-    ""_L1,
+    "",
 };
 static_assert(errorTexts.size() == OBJReader::TextureProcessingFailed + 1);
 
@@ -97,7 +98,10 @@ bool OBJReader::isValid() const
 QString conversions::toString(OBJReader::Error error)
 {
     auto const index = static_cast<std::size_t>(error);
-    return index < errorTexts.size() ? QString(errorTexts[index]) : QString();
+    if (index >= errorTexts.size())
+        return {};
+    char const* const text = errorTexts[index];
+    return *text == '\0' ? u""_s : QCoreApplication::translate("OBJReader", text);
 }
 
 std::ostream& operator<<(std::ostream& stream, OBJReader::Error const& error)

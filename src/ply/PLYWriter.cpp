@@ -4,10 +4,10 @@
 #include "framework/MemoryGuard.h"
 #include "inhouse/data/Unstrip.h"
 
+#include <QCoreApplication>
 #include <QDataStream>
 #include <QDebug>
 #include <QFile>
-#include <QObject>
 #include <QRegularExpression>
 #include <QtEndian>
 
@@ -160,7 +160,8 @@ bool PLYWriter::write()
     if (file.exists())
         file.remove();
     if (!files::open(file, QIODevice::WriteOnly)) {
-        errorMessage = QObject::tr("Unable to create .ply file at location: %1").arg(filePath);
+        errorMessage = QCoreApplication::translate("PLYWriter", "Unable to create .ply file at location: %1")
+                           .arg(filePath);
         return false;
     }
     QDataStream stream(&file);
@@ -170,7 +171,8 @@ bool PLYWriter::write()
     // A full disk shows only when the last bytes leave the file's buffer.
     if (file.flush())
         return true;
-    errorMessage = QObject::tr("Could not write data to file at location: %1").arg(filePath);
+    errorMessage = QCoreApplication::translate("PLYWriter", "Could not write data to file at location: %1")
+                       .arg(filePath);
     return false;
 }
 
@@ -187,11 +189,15 @@ bool PLYWriter::writeData(QDataStream& stream)
     stream.setFloatingPointPrecision(QDataStream::SinglePrecision);
     stream.setByteOrder(QDataStream::LittleEndian);
     if (!memory::succeeds([&] { return writeHeader(stream); })) {
-        errorMessage = QObject::tr("Could not write header to file at location: %1").arg(filePath);
+        errorMessage =
+            QCoreApplication::translate("PLYWriter", "Could not write header to file at location: %1")
+                .arg(filePath);
         return false;
     }
     if (!memory::succeeds([&] { return writeBody(stream); })) {
-        errorMessage = QObject::tr("Could not write data to file at location: %1").arg(filePath);
+        errorMessage =
+            QCoreApplication::translate("PLYWriter", "Could not write data to file at location: %1")
+                .arg(filePath);
         return false;
     }
     return true;

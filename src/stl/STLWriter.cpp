@@ -5,11 +5,11 @@
 #include "inhouse/data/Unstrip.h"
 #include "stl/STLLayout.h"
 
+#include <QCoreApplication>
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QObject>
 #include <QtEndian>
 
 #include <algorithm>
@@ -86,7 +86,8 @@ bool STLWriter::write()
     if (file.exists())
         file.remove();
     if (!files::open(file, QIODevice::WriteOnly)) {
-        errorMessage = QObject::tr("Unable to create .stl file at location: %1").arg(filePath);
+        errorMessage = QCoreApplication::translate("STLWriter", "Unable to create .stl file at location: %1")
+                           .arg(filePath);
         return false;
     }
     QDataStream stream(&file);
@@ -101,7 +102,7 @@ bool STLWriter::write(QByteArray& out)
     try {
         return writeData(stream);
     } catch (std::bad_alloc const&) {
-        errorMessage = QObject::tr("Writing failed!");
+        errorMessage = QCoreApplication::translate("STLWriter", "Writing failed!");
         return false;
     }
 }
@@ -119,13 +120,13 @@ bool STLWriter::writeData(QDataStream& stream)
     stream.writeRawData(start.constData(), stl::headerBytes);
     stream << qint32(mesh.getNumIndices() / stl::indicesPerTriangle);
     if (mesh.isNull()) {
-        errorMessage = QObject::tr("Member variable(s) not set.");
+        errorMessage = QCoreApplication::translate("STLWriter", "Member variable(s) not set.");
         return false;
     }
     writeTriangles(mesh, stream);
     flush(stream);
     if (stream.status() == QDataStream::WriteFailed) {
-        errorMessage = QObject::tr("Writing failed!");
+        errorMessage = QCoreApplication::translate("STLWriter", "Writing failed!");
         return false;
     }
     return true;

@@ -5,6 +5,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace support {
@@ -14,10 +16,20 @@ namespace {
 constexpr int patienceInMs = 60'000;
 constexpr char const* programPath = SURFACEIO_PROGRAM;
 
-Outcome run(QString const& command, QStringList const& arguments, QString const& folder)
+constexpr std::array languageVariables = {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"};
+
+// English, in whatever locale the tests run.
+QProcessEnvironment usualEnvironment()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"LANGUAGE"_s, u"en"_s);
+    return environment;
+}
+
+Outcome run(QString const& command, QStringList const& arguments, QString const& folder,
+            QProcessEnvironment environment = usualEnvironment())
 {
     QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"SURFACEIO"_s, QString::fromLocal8Bit(programPath));
     environment.remove(u"NO_COLOR"_s);
     process.setProcessEnvironment(environment);
@@ -41,6 +53,16 @@ QString programFile()
 Outcome runProgram(QStringList const& arguments, QString const& folder)
 {
     return run(QString::fromLocal8Bit(programPath), arguments, folder);
+}
+
+Outcome runProgramIn(Variables const& language, QStringList const& arguments, QString const& folder)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (char const* const name : languageVariables)
+        environment.remove(QString::fromLatin1(name));
+    for (auto const& [name, value] : language)
+        environment.insert(name, value);
+    return run(QString::fromLocal8Bit(programPath), arguments, folder, environment);
 }
 
 Outcome runShell(QString const& command, QString const& folder)

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <utility>
+
 namespace support {
 
 /// What a run of the program left behind.
@@ -20,6 +22,12 @@ QString programFile();
 
 /// Runs the built program in the folder `folder` and waits for its end.
 Outcome runProgram(QStringList const& arguments, QString const& folder = {});
+
+/// Names and values of environment variables.
+using Variables = QList<std::pair<QString, QString>>;
+
+/// Runs the built program with these variables for its language and no others. `runProgram` asks for English.
+Outcome runProgramIn(Variables const& language, QStringList const& arguments, QString const& folder = {});
 
 /// Runs `command` of a POSIX shell in `folder`, with "$SURFACEIO" standing for the program. For what only a
 /// shell can set up: closed streams, limits, pipes.

@@ -1,5 +1,6 @@
 #include "LibraryLog.h"
 #include "Report.h"
+#include "Text.h"
 #include "bundle/BundleWork.h"
 #include "bundle/ShapeList.h"
 #include "framework/MeshReader.h"
@@ -25,7 +26,7 @@ Look lookAt(QString const& path)
     LogCapture const log;
     auto const mesh = MeshReader::read(path);
     if (!mesh || mesh->isNull())
-        return {{}, {}, (QStringList{u"it cannot be read"_s} + log.messages()).join(u": "_s)};
+        return {{}, {}, (QStringList{Text::tr("it cannot be read")} + log.messages()).join(u": "_s)};
     return {mesh->getNumVertices(), qint64(geometry::unstrip(*mesh).indices.size() / 4), {}};
 }
 
@@ -37,12 +38,12 @@ Value orNothing(QString const& text)
 Table emptyTable()
 {
     Table table;
-    table.columns = {{"file"_L1, u"file"_s},
-                     {"materialId"_L1, u"material"_s},
-                     {"vertices"_L1, u"vertices"_s},
-                     {"triangles"_L1, u"triangles"_s},
-                     {"problem"_L1, u"skipped because"_s},
-                     {"bundleProblem"_L1, u"skipped in memory because"_s}};
+    table.columns = {{"file"_L1, Text::tr("file")},
+                     {"materialId"_L1, Text::tr("material")},
+                     {"vertices"_L1, Text::tr("vertices")},
+                     {"triangles"_L1, Text::tr("triangles")},
+                     {"problem"_L1, Text::tr("skipped because")},
+                     {"bundleProblem"_L1, Text::tr("skipped in memory because")}};
     return table;
 }
 
@@ -70,11 +71,11 @@ ExitCode list(ListOptions const& options, Console& console)
     }
     qint64 const skipped = shapes.shapes.size() - loaded;
     Report report;
-    report.add("document"_L1, u"document"_s, options.document);
-    report.add("materials"_L1, u"materials"_s, qint64(shapes.materialIds.size()));
-    report.add("loaded"_L1, u"shapes that load"_s, loaded);
-    report.add("skipped"_L1, u"shapes that are skipped"_s, skipped);
-    QString const label = table.rows.empty() ? QString() : u"shapes"_s;
+    report.add("document"_L1, Text::tr("document"), options.document);
+    report.add("materials"_L1, Text::tr("materials"), qint64(shapes.materialIds.size()));
+    report.add("loaded"_L1, Text::tr("shapes that load"), loaded);
+    report.add("skipped"_L1, Text::tr("shapes that are skipped"), skipped);
+    QString const label = table.rows.empty() ? QString() : Text::tr("shapes");
     report.add("shapes"_L1, label, std::move(table));
     console.result(options.json ? report.json("surfaceio.bundle/1"_L1) : report.text());
     return verdict(loaded, skipped);

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "bundle/BundleWork.h"
 #include "bundle/ShapeList.h"
 #include "framework/MeshReader.h"
@@ -60,7 +61,7 @@ Problem addMesh(QString const& path, PackOptions const& options, AssociatedShape
         return {ExitCode::ReadOrWriteFailed, reason};
     auto const mesh = MeshReader::read(path);
     if (!mesh || mesh->isNull())
-        return {ExitCode::ReadOrWriteFailed, u"no mesh could be read from it"_s};
+        return {ExitCode::ReadOrWriteFailed, Text::tr("no mesh could be read from it")};
     QDir const folder(QFileInfo(options.out).absolutePath());
     QString const name = folder.relativeFilePath(QFileInfo(path).absoluteFilePath());
     NamedMaterial const look = materialFor(path, name, options.material);

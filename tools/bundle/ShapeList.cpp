@@ -1,6 +1,7 @@
 #include "bundle/ShapeList.h"
 
 #include "LibraryLog.h"
+#include "Text.h"
 #include "inspect/Format.h"
 #include "scene/AssociatedShapesXMLReader.h"
 
@@ -76,11 +77,11 @@ private:
 QString ShapeList::whyNotInBundle(ListedShape const& shape) const
 {
     if (!shape.isInTable)
-        return u"it does not stand under root/shapes"_s;
+        return Text::tr("it does not stand under root/shapes");
     if (shape.materialId.isEmpty())
-        return u"it has no material id"_s;
+        return Text::tr("it has no material id");
     if (!materialIds.contains(shape.materialId))
-        return u"its material \"%1\" is not defined"_s.arg(shape.materialId);
+        return Text::tr("its material \"%1\" is not defined").arg(shape.materialId);
     return {};
 }
 
@@ -90,17 +91,17 @@ Problem readShapeList(QString const& path, ShapeList& list)
         return {ExitCode::ReadOrWriteFailed, reason};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return {ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString()};
+        return {ExitCode::ReadOrWriteFailed, Text::tr("cannot be opened: ") + file.errorString()};
     list.document = file.readAll();
     QXmlStreamReader xml(list.document);
     xml.setNamespaceProcessing(false);
     if (!isDocument(list.document)) {
         while (!xml.atEnd())
             xml.readNext();
-        QString const why = xml.hasError()
-                                ? u"line %1: %2"_s.arg(xml.lineNumber()).arg(xml.errorString().trimmed())
-                                : u"it is beyond the limits of such documents"_s;
-        return {ExitCode::Malformed, u"expected an associated-shapes document: "_s + why};
+        QString const why =
+            xml.hasError() ? Text::tr("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString().trimmed())
+                           : Text::tr("it is beyond the limits of such documents");
+        return {ExitCode::Malformed, Text::tr("expected an associated-shapes document: ") + why};
     }
     Collector collector(list);
     while (!xml.atEnd()) {
@@ -122,7 +123,7 @@ QString whyNoMesh(QString const& path)
         return reason;
     QString const suffix = QFileInfo(path).suffix().toLower();
     bool const isKnown = suffix == "stl"_L1 || suffix == "ply"_L1 || suffix == "obj"_L1;
-    return isKnown ? QString() : u"expected one of the suffixes .stl, .ply, .obj"_s;
+    return isKnown ? QString() : Text::tr("expected one of the suffixes .stl, .ply, .obj");
 }
 
 } // namespace tool::bundle

@@ -1,4 +1,5 @@
 #include "LibraryLog.h"
+#include "Text.h"
 #include "bundle/BundleWork.h"
 #include "bundle/ShapeList.h"
 #include "framework/MeshReader.h"
@@ -39,7 +40,7 @@ QString whyLeftOut(ListedShape const& shape, ShapeList const& list, QString cons
     if (QString reason = whyNoMesh(path); !reason.isEmpty())
         return reason;
     auto const mesh = MeshReader::read(path);
-    return mesh && !mesh->isNull() ? QString() : u"no mesh could be read from its file"_s;
+    return mesh && !mesh->isNull() ? QString() : Text::tr("no mesh could be read from its file");
 }
 
 // The files of all shapes that a bundle keeps, in the order in which it hands them out.
@@ -51,8 +52,10 @@ QList<Kept> gather(ShapeList const& list, QString const& document, QMap<QString,
         ListedShape const& shape = list.shapes[i];
         QString const path = pathOf(shape, document);
         if (QString const reason = whyLeftOut(shape, list, path); !reason.isEmpty()) {
-            console.warning(
-                u"%1: shape %2, \"%3\", is left out: %4"_s.arg(document).arg(i + 1).arg(shape.name, reason));
+            console.warning(Text::tr("%1: shape %2, \"%3\", is left out: %4")
+                                .arg(document)
+                                .arg(i + 1)
+                                .arg(shape.name, reason));
             continue;
         }
         files.insert(shape.name, bundledBytes(path));
@@ -100,10 +103,10 @@ ExitCode unpack(UnpackOptions const& options, Console& console)
     QList<geometry::Mesh> const meshes = reader.takeMeshes();
     QList<geometry::Material> const materials = reader.getMaterials();
     if (meshes.isEmpty() || meshes.size() != kept.size())
-        return reported({ExitCode::ReadOrWriteFailed, u"holds no shape that could be unpacked"_s},
+        return reported({ExitCode::ReadOrWriteFailed, Text::tr("holds no shape that could be unpacked")},
                         options.document, console);
     if (!QDir().mkpath(options.folder))
-        return reported({ExitCode::ReadOrWriteFailed, u"the folder cannot be made"_s}, options.folder,
+        return reported({ExitCode::ReadOrWriteFailed, Text::tr("the folder cannot be made")}, options.folder,
                         console);
     for (qsizetype i = 0; i < kept.size(); ++i) {
         QString const path = QDir(options.folder).filePath(fileNameOf(kept[i]));

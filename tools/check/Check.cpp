@@ -1,6 +1,7 @@
 #include "check/Check.h"
 
 #include "LibraryLog.h"
+#include "Text.h"
 #include "check/Checkers.h"
 #include "convert/MeshFile.h"
 
@@ -22,8 +23,9 @@ QLatin1StringView codeOf(Inspection const& inspection)
 void addProblem(Inspection const& inspection, Findings& findings)
 {
     QLatin1StringView const code = codeOf(inspection);
-    QString const remedy =
-        code == "malformed"_L1 ? u"export the file again, from the program that wrote it"_s : QString();
+    QString const remedy = code == "malformed"_L1
+                               ? Text::tr("export the file again, from the program that wrote it")
+                               : QString();
     findings.fail(inspection.code, code, inspection.problem, remedy);
 }
 
@@ -101,7 +103,7 @@ Findings checkFile(QString const& path, CheckContext& context)
     if (hasWrongSuffix(check))
         check.findings.fail(
             ExitCode::Unsupported, "wrong-suffix"_L1,
-            u"the content is that of %1, the suffix is not"_s.arg(QString(file->format->title)));
+            Text::tr("the content is that of %1, the suffix is not").arg(Text::shown(file->format->title)));
     auto* const checker = file->format->check != nullptr ? file->format->check : checkMeshFile;
     checker(check);
     return std::move(check.findings);

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "check/Check.h"
 #include "check/Checkers.h"
 
@@ -22,11 +23,12 @@ qint32 pointCount(CheckContext const& context)
 
 QString badPoint(CheckContext const& context, qint64 condition, qint32 point)
 {
-    QString const range = context.volume
-                              ? u"%1 has %2 points"_s.arg(context.volumePath).arg(pointCount(context))
-                              : u"points count from 0"_s;
-    return u"line %1: a condition refers to point %2; %3"_s.arg(
-        QString::number(ConditionsFile::lineOfCondition(condition)), QString::number(point), range);
+    QString const range =
+        context.volume
+            ? Text::counted("%1 has %n point(s)", nullptr, pointCount(context)).arg(context.volumePath)
+            : Text::tr("points count from 0");
+    return Text::tr("line %1: a condition refers to point %2; %3")
+        .arg(QString::number(ConditionsFile::lineOfCondition(condition)), QString::number(point), range);
 }
 
 void checkReferences(Check& check, MTModelBoundaryConditions const& conditions)
@@ -38,11 +40,11 @@ void checkReferences(Check& check, MTModelBoundaryConditions const& conditions)
             continue;
         if (++bad <= mostShown)
             check.findings.add("bad-reference"_L1, badPoint(check.context, k, point),
-                               u"take the volume mesh that the conditions were made for"_s);
+                               Text::tr("take the volume mesh that the conditions were made for"));
     }
     if (bad > mostShown)
         check.findings.add("more-bad-references"_L1,
-                           u"%1 more references of this kind"_s.arg(bad - mostShown));
+                           Text::counted("%n more reference(s) of this kind", nullptr, bad - mostShown));
 }
 
 void checkRepetitions(Check& check, MTModelBoundaryConditions const& conditions)
@@ -54,7 +56,7 @@ void checkRepetitions(Check& check, MTModelBoundaryConditions const& conditions)
     if (different != conditions.numBoundaryConditions)
         check.findings.add(
             "repeated-points"_L1,
-            u"%1 conditions are for %2 points"_s.arg(conditions.numBoundaryConditions).arg(different));
+            Text::tr("%1 conditions are for %2 points").arg(conditions.numBoundaryConditions).arg(different));
 }
 
 void checkValues(Check& check, MTModelBoundaryConditions const& conditions)
@@ -63,8 +65,9 @@ void checkValues(Check& check, MTModelBoundaryConditions const& conditions)
     auto const bad = std::count_if(first, first + components * conditions.numBoundaryConditions,
                                    [](float value) { return !std::isfinite(value); });
     if (bad > 0)
-        check.findings.add("non-finite-values"_L1, u"%1 of %2 components are NaN or infinite"_s.arg(bad).arg(
-                                                       components * conditions.numBoundaryConditions));
+        check.findings.add("non-finite-values"_L1, Text::tr("%1 of %2 components are NaN or infinite")
+                                                       .arg(bad)
+                                                       .arg(components * conditions.numBoundaryConditions));
 }
 
 } // namespace
@@ -80,7 +83,7 @@ void checkConditions(Check& check)
     checkRepetitions(check, file.conditions);
     checkValues(check, file.conditions);
     if (!check.context.volume)
-        check.findings.add("not-compared"_L1, u"the points were not compared with a volume mesh"_s);
+        check.findings.add("not-compared"_L1, Text::tr("the points were not compared with a volume mesh"));
 }
 
 } // namespace tool

@@ -1,5 +1,6 @@
 #include "check/ImageChecks.h"
 
+#include "Text.h"
 #include "check/NearestName.h"
 
 #include <QDir>
@@ -20,8 +21,9 @@ bool isAbsolute(QString const& name)
 
 QString remedyFor(QString const& nearest)
 {
-    return nearest.isEmpty() ? QString()
-                             : u"name \"%1\", if that is meant, and put it beside the scan"_s.arg(nearest);
+    return nearest.isEmpty()
+               ? QString()
+               : Text::tr("name \"%1\", if that is meant, and put it beside the scan").arg(nearest);
 }
 
 } // namespace
@@ -33,10 +35,10 @@ void checkMissing(QLatin1StringView code, QString const& what, QString const& sc
     QString const path = folder.absoluteFilePath(name);
     QString const sentence = place + what + u" \"%1\""_s.arg(name);
     if (isAbsolute(name))
-        findings.add("absolute-path"_L1, sentence + u" is named by a path from the root of a disk"_s);
+        findings.add("absolute-path"_L1, sentence + Text::tr(" is named by a path from the root of a disk"));
     else if (name.contains(u'\\'))
-        findings.add("backslash-path"_L1, sentence + u" is named with a backslash"_s);
-    findings.add(code, sentence + u" does not exist"_s + nearestNameQuestion(path, folder.path()),
+        findings.add("backslash-path"_L1, sentence + Text::tr(" is named with a backslash"));
+    findings.add(code, sentence + Text::tr(" does not exist") + nearestNameQuestion(path, folder.path()),
                  remedyFor(nearestName(path, folder.path())));
 }
 
@@ -44,14 +46,15 @@ void checkImage(QString const& scanPath, QString const& name, ImageFile const& i
                 Findings& findings)
 {
     if (!image.isFound)
-        checkMissing("missing-image"_L1, u"the image"_s, scanPath, name, place, findings);
+        checkMissing("missing-image"_L1, Text::tr("the image"), scanPath, name, place, findings);
     else if (!image.isImage())
-        findings.add("no-image"_L1, place + u"\"%1\" is no image that can be read"_s.arg(name));
+        findings.add("no-image"_L1, place + Text::tr("\"%1\" is no image that can be read").arg(name));
     else if (image.isOverLimit())
         findings.add("image-limit"_L1, place + image.limitProblem(name));
     if (image.isFound && isAbsolute(name))
         findings.add("absolute-path"_L1,
-                     place + u"the image \"%1\" is named by a path from the root of a disk"_s.arg(name));
+                     place +
+                         Text::tr("the image \"%1\" is named by a path from the root of a disk").arg(name));
 }
 
 } // namespace tool

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "check/Checkers.h"
 #include "inhouse/data/Unstrip.h"
 #include "inspect/Bounds.h"
@@ -126,17 +127,17 @@ void checkSize(Bounds const& bounds, Findings& findings)
     constexpr float largest = 5000.0f;
     QVector3D const size = bounds.size();
     float const across = std::max({size.x(), size.y(), size.z()});
-    QString const text = u"%1 mm across"_s.arg(static_cast<double>(across), 0, 'g', 4);
+    QString const number = QString::number(static_cast<double>(across), 'g', 4);
     if (across > 0 && across < smallest)
-        findings.add("units-metres"_L1, text + u"; are these metres?"_s);
+        findings.add("units-metres"_L1, Text::tr("%1 mm across; are these metres?").arg(number));
     if (across > largest)
-        findings.add("units-micrometres"_L1, text + u"; are these micrometres?"_s);
+        findings.add("units-micrometres"_L1, Text::tr("%1 mm across; are these micrometres?").arg(number));
 }
 
-void addCount(QLatin1StringView code, qint64 count, QString const& what, Findings& findings)
+void addCount(QLatin1StringView code, qint64 count, char const* text, Findings& findings)
 {
     if (count > 0)
-        findings.add(code, u"%1 %2"_s.arg(QString::number(count), what));
+        findings.add(code, Text::counted(text, nullptr, count));
 }
 
 void checkVertices(geometry::Mesh const& mesh, Findings& findings)
@@ -145,24 +146,29 @@ void checkVertices(geometry::Mesh const& mesh, Findings& findings)
     for (QVector3D const& vertex : mesh.vertices)
         bounds.add(vertex);
     checkSize(bounds, findings);
-    addCount("nonfinite-vertices"_L1, bounds.nonFiniteCount(), u"vertices with a NaN or an infinity"_s,
-             findings);
+    addCount("nonfinite-vertices"_L1, bounds.nonFiniteCount(),
+             QT_TRANSLATE_N_NOOP("Text", "%n vert(ex|ices) with a NaN or an infinity"), findings);
     auto const isNull = [](QVector3D const& normal) { return normal.isNull(); };
     addCount("zero-normals"_L1, std::count_if(mesh.normals.begin(), mesh.normals.end(), isNull),
-             u"vertices without a normal"_s, findings);
+             QT_TRANSLATE_N_NOOP("Text", "%n vert(ex|ices) without a normal"), findings);
 }
 
 void checkFacets(geometry::Mesh const& mesh, std::vector<Facet> facets, Findings& findings)
 {
     if (qint64 const degenerate = joinPlaces(mesh.vertices, facets); degenerate > 0)
-        findings.add("degenerate-facets"_L1, u"%1 facets with two equal corners"_s.arg(degenerate),
-                     u"remove them in a mesh editor: they have no area and no normal"_s);
+        findings.add("degenerate-facets"_L1,
+                     Text::counted("%n facet(s) with two equal corners", nullptr, degenerate),
+                     Text::tr("remove them in a mesh editor: they have no area and no normal"));
     EdgeCounts const edges = countEdges(sortedEdges(facets));
-    addCount("nonmanifold-edges"_L1, edges.crowded, u"edges with more than two facets"_s, findings);
-    addCount("flipped-facets"_L1, edges.flipped, u"edges whose two facets are wound against each other"_s,
+    addCount("nonmanifold-edges"_L1, edges.crowded,
+             QT_TRANSLATE_N_NOOP("Text", "%n edge(s) with more than two facets"), findings);
+    addCount("flipped-facets"_L1, edges.flipped,
+             QT_TRANSLATE_N_NOOP("Text", "%n edge(s) whose two facets are wound against each other"),
              findings);
-    addCount("duplicate-facets"_L1, countDuplicates(facets), u"facets that are there already"_s, findings);
-    addCount("open-edges"_L1, edges.open, u"edges with one facet only"_s, findings);
+    addCount("duplicate-facets"_L1, countDuplicates(facets),
+             QT_TRANSLATE_N_NOOP("Text", "%n facet(s) that (is|are) there already"), findings);
+    addCount("open-edges"_L1, edges.open, QT_TRANSLATE_N_NOOP("Text", "%n edge(s) with one facet only"),
+             findings);
 }
 
 } // namespace
@@ -172,7 +178,7 @@ void checkMesh(geometry::Mesh const& given, Findings& findings)
     geometry::Mesh const mesh = geometry::unstrip(given);
     std::vector<Facet> const facets = facetsOf(mesh);
     if (facets.empty()) {
-        findings.add("empty"_L1, u"no facets"_s);
+        findings.add("empty"_L1, Text::tr("no facets"));
         return;
     }
     checkVertices(mesh, findings);

@@ -1,5 +1,7 @@
 #include "check/NearestName.h"
 
+#include "Text.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
@@ -95,7 +97,7 @@ QString nearestName(QString const& path, QString const& otherFolder)
 QString nearestNameQuestion(QString const& path, QString const& otherFolder)
 {
     QString const name = nearestName(path, otherFolder);
-    return name.isEmpty() ? QString() : u"; is it \"%1\"?"_s.arg(name);
+    return name.isEmpty() ? QString() : Text::tr("; is it \"%1\"?").arg(name);
 }
 
 } // namespace tool

@@ -1,4 +1,5 @@
 #include "LibraryLog.h"
+#include "Text.h"
 #include "check/Check.h"
 #include "check/Checkers.h"
 #include "check/ImageChecks.h"
@@ -25,8 +26,9 @@ using obj::Occurrence;
 // "line 7: a face of 5 corners, and 12 more"
 QString counted(Occurrence const& found, QString const& what)
 {
-    QString const more = found.count > 1 ? u", and %1 more"_s.arg(found.count - 1) : QString();
-    return u"line %1: %2%3"_s.arg(QString::number(found.firstLine), what, more);
+    QString const more =
+        found.count > 1 ? Text::counted(", and %n more", nullptr, found.count - 1) : QString();
+    return Text::tr("line %1: %2%3").arg(QString::number(found.firstLine), what, more);
 }
 
 struct LineRow
@@ -38,20 +40,27 @@ struct LineRow
 
 // What the library reads past without a word, or with one for each line.
 constexpr std::array lineRows = {
-    LineRow{&ObjText::polygons, "obj-polygons"_L1, "a face of more than 4 corners"},
-    LineRow{&ObjText::badNumbers, "obj-bad-numbers"_L1, "a word where a number is expected"},
-    LineRow{&ObjText::tabs, "obj-tabs"_L1, "a tab behind the keyword"},
-    LineRow{&ObjText::continued, "obj-continued-lines"_L1, "a line that goes on in the next"},
-    LineRow{&ObjText::vertexColors, "obj-vertex-colours"_L1, "a vertex with a colour behind its position"},
+    LineRow{&ObjText::polygons, "obj-polygons"_L1,
+            QT_TRANSLATE_NOOP("Text", "a face of more than 4 corners")},
+    LineRow{&ObjText::badNumbers, "obj-bad-numbers"_L1,
+            QT_TRANSLATE_NOOP("Text", "a word where a number is expected")},
+    LineRow{&ObjText::tabs, "obj-tabs"_L1, QT_TRANSLATE_NOOP("Text", "a tab behind the keyword")},
+    LineRow{&ObjText::continued, "obj-continued-lines"_L1,
+            QT_TRANSLATE_NOOP("Text", "a line that goes on in the next")},
+    LineRow{&ObjText::vertexColors, "obj-vertex-colours"_L1,
+            QT_TRANSLATE_NOOP("Text", "a vertex with a colour behind its position")},
 };
 
 // What would end the reading, had it not ended before.
 constexpr std::array refusedRows = {
-    LineRow{&ObjText::quads, "obj-quads"_L1, "a face of 4 corners"},
-    LineRow{&ObjText::relative, "obj-relative-indices"_L1, "a face with relative (negative) indices"},
-    LineRow{&ObjText::shortFaces, "obj-short-face"_L1, "a face of fewer than 3 corners"},
-    LineRow{&ObjText::badIndices, "obj-bad-index"_L1, "an index that is 0, missing or no number"},
-    LineRow{&ObjText::shortLines, "obj-short-line"_L1, "too few numbers"},
+    LineRow{&ObjText::quads, "obj-quads"_L1, QT_TRANSLATE_NOOP("Text", "a face of 4 corners")},
+    LineRow{&ObjText::relative, "obj-relative-indices"_L1,
+            QT_TRANSLATE_NOOP("Text", "a face with relative (negative) indices")},
+    LineRow{&ObjText::shortFaces, "obj-short-face"_L1,
+            QT_TRANSLATE_NOOP("Text", "a face of fewer than 3 corners")},
+    LineRow{&ObjText::badIndices, "obj-bad-index"_L1,
+            QT_TRANSLATE_NOOP("Text", "an index that is 0, missing or no number")},
+    LineRow{&ObjText::shortLines, "obj-short-line"_L1, QT_TRANSLATE_NOOP("Text", "too few numbers")},
 };
 
 bool isReported(QLatin1StringView code, Findings const& findings)
@@ -64,11 +73,11 @@ void checkLines(ObjText const& text, bool isRead, Findings& findings)
 {
     for (LineRow const& row : lineRows) {
         if (text.*row.found)
-            findings.add(row.code, counted(text.*row.found, QString::fromUtf8(row.what)));
+            findings.add(row.code, counted(text.*row.found, Text::tr(row.what)));
     }
     for (LineRow const& row : refusedRows) {
         if (!isRead && text.*row.found && !isReported(row.code, findings))
-            findings.add(row.code, counted(text.*row.found, QString::fromUtf8(row.what)));
+            findings.add(row.code, counted(text.*row.found, Text::tr(row.what)));
     }
 }
 
@@ -80,13 +89,14 @@ void checkIgnoredIndices(ObjText const& text, Findings& findings)
     if (!normalsFit || !texturesFit)
         return;
     if (text.normals > 0 && text.otherNormal)
+        findings.add("obj-ignored-indices"_L1,
+                     counted(text.otherNormal,
+                             Text::tr("a corner whose normal has another number than its position")));
+    if (text.textureCoordinates > 0 && text.otherTexture)
         findings.add(
             "obj-ignored-indices"_L1,
-            counted(text.otherNormal, u"a corner whose normal has another number than its position"_s));
-    if (text.textureCoordinates > 0 && text.otherTexture)
-        findings.add("obj-ignored-indices"_L1,
-                     counted(text.otherTexture,
-                             u"a corner whose texture coordinate has another number than its position"_s));
+            counted(text.otherTexture,
+                    Text::tr("a corner whose texture coordinate has another number than its position")));
 }
 
 // With a list for each position a vertex is not split: it keeps the coordinate of one material only.
@@ -97,8 +107,9 @@ void checkSharedPositions(obj::Reading const& reading, Findings& findings)
         text.textureCoordinates == text.vertices && (text.normals == 0 || text.normals == text.vertices);
     bool const isAtlas = !reading.reader->getTexture().isNull() && text.materials.all().size() > 1;
     if (isPerPosition && isAtlas && text.sharedPositions)
-        findings.add("obj-shared-vertices"_L1,
-                     counted(text.sharedPositions, u"a face shares vertices with one of another material"_s));
+        findings.add(
+            "obj-shared-vertices"_L1,
+            counted(text.sharedPositions, Text::tr("a face shares vertices with one of another material")));
 }
 
 void checkTextureRange(ObjText const& text, Findings& findings)
@@ -106,13 +117,13 @@ void checkTextureRange(ObjText const& text, Findings& findings)
     for (auto const& [axis, range] : {std::pair('u', &text.u), std::pair('v', &text.v)}) {
         if (range->outside)
             findings.add("texture-range"_L1,
-                         counted(range->outside, u"%1 lies outside 0 to 1"_s.arg(QLatin1Char(axis))));
+                         counted(range->outside, Text::tr("%1 lies outside 0 to 1").arg(QLatin1Char(axis))));
     }
 }
 
 QString placeOf(MtlLibrary const& library, qint64 line)
 {
-    return u"%1, line %2: "_s.arg(library.name, QString::number(line));
+    return Text::tr("%1, line %2: ").arg(library.name, QString::number(line));
 }
 
 void checkImageLine(Check& check, MtlLibrary const& library, ImageLine const& image)
@@ -120,8 +131,8 @@ void checkImageLine(Check& check, MtlLibrary const& library, ImageLine const& im
     QString const place = placeOf(library, image.line);
     if (!image.image.isFound && !image.options.isEmpty()) {
         check.findings.add("image-options"_L1,
-                           place + u"the options \"%1\" are taken as part of the name of \"%2\""_s.arg(
-                                       image.options, image.name));
+                           place + Text::tr("the options \"%1\" are taken as part of the name of \"%2\"")
+                                       .arg(image.options, image.name));
         return;
     }
     checkImage(check.source.path, image.given, image.image, place, check.findings);
@@ -135,27 +146,28 @@ void checkMaterial(Check& check, MtlLibrary const& library, MtlMaterial const& m
         check.findings.add(
             "several-images"_L1,
             placeOf(library, material.line) +
-                u"the material \"%1\" has %2 images; the last one, \"%3\", becomes its texture"_s
-                    .arg(material.name)
-                    .arg(material.images.size())
-                    .arg(material.images.back().given));
+                Text::counted(
+                    "the material \"%1\" has %n image(s); the last one, \"%2\", becomes its texture", nullptr,
+                    material.images.size())
+                    .arg(material.name, material.images.back().given));
     if (material.faces == 0)
-        check.findings.add("unused-material"_L1, placeOf(library, material.line) +
-                                                     u"no face has the material \"%1\""_s.arg(material.name));
+        check.findings.add("unused-material"_L1,
+                           placeOf(library, material.line) +
+                               Text::tr("no face has the material \"%1\"").arg(material.name));
 }
 
 void checkLibrary(Check& check, MtlLibrary const& library)
 {
     if (!library.isFound) {
-        checkMissing("missing-library"_L1, u"the material library"_s, check.source.path, library.name,
-                     u"line %1: "_s.arg(library.line), check.findings);
+        checkMissing("missing-library"_L1, Text::tr("the material library"), check.source.path, library.name,
+                     Text::tr("line %1: ").arg(library.line), check.findings);
         return;
     }
     for (MtlMaterial const& material : library.materials)
         checkMaterial(check, library, material);
     if (library.stopsAt > 0)
-        check.findings.add("library-cut"_L1,
-                           placeOf(library, library.stopsAt) + u"the library is not read from here on"_s);
+        check.findings.add("library-cut"_L1, placeOf(library, library.stopsAt) +
+                                                 Text::tr("the library is not read from here on"));
 }
 
 void checkMaterials(Check& check, obj::Reading const& reading)
@@ -163,9 +175,11 @@ void checkMaterials(Check& check, obj::Reading const& reading)
     for (MtlLibrary const& library : reading.tree.libraries)
         checkLibrary(check, library);
     for (obj::Names::Entry const& material : reading.tree.undefined)
-        check.findings.add("undefined-material"_L1,
-                           u"%1 faces have the material \"%2\", which no library defines"_s.arg(
-                               QString::number(material.faces), material.name));
+        check.findings.add(
+            "undefined-material"_L1,
+            Text::counted("%n face(s) (has|have) the material \"%1\", which no library defines", nullptr,
+                          material.faces)
+                .arg(material.name));
 }
 
 } // namespace
@@ -175,7 +189,7 @@ void checkObj(Check& check)
     Inspection inspection;
     std::optional<obj::Reading> const reading = obj::readFile(check.source.path);
     if (!reading) {
-        check.findings.fail(ExitCode::ReadOrWriteFailed, "cannot-open"_L1, u"cannot be opened"_s);
+        check.findings.fail(ExitCode::ReadOrWriteFailed, "cannot-open"_L1, Text::tr("cannot be opened"));
         return;
     }
     obj::judge(*reading, inspection);

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "check/Check.h"
 #include "check/Checkers.h"
 #include "check/ImageChecks.h"
@@ -31,7 +32,8 @@ void checkRange(QList<QVector2D> const& coordinates, Findings& findings)
     };
     auto const outside = std::count_if(coordinates.begin(), coordinates.end(), isOutside);
     if (outside > 0)
-        findings.add("texture-range"_L1, u"%1 texture coordinates lie outside 0 to 1"_s.arg(outside));
+        findings.add("texture-range"_L1,
+                     Text::counted("%n texture coordinate(s) (lies|lie) outside 0 to 1", nullptr, outside));
 }
 
 } // namespace
@@ -45,7 +47,7 @@ void checkPlyTexture(Check& check)
     if (header.textureName.isEmpty()) {
         if (hasCoordinates(header))
             check.findings.add("unnamed-texture"_L1,
-                               u"has texture coordinates, but its header names no image"_s);
+                               Text::tr("has texture coordinates, but its header names no image"));
         return;
     }
     QDir const folder = QFileInfo(check.source.path).dir();

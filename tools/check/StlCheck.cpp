@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "check/Checkers.h"
 #include "inspect/StlBinary.h"
 #include "inspect/StlText.h"
@@ -62,10 +63,15 @@ void checkWords(Source const& source, ColourWords const& words, Findings& findin
     bool const hasWords = words.valid + words.other > 0;
     if (!(saysColor && hasWords) && !words.lookLikeColours())
         return;
-    findings.add("stl-colour-words"_L1,
-                 u"the attribute words look like colours of 15 bits%1; as tags they make %2 surfaces"_s
-                     .arg(saysColor ? u", and the header says COLOR="_s : QString())
-                     .arg(words.distinct.size()));
+    char const* const text =
+        saysColor
+            ? QT_TRANSLATE_N_NOOP("Text",
+                                  "the attribute words look like colours of 15 bits, and the header says "
+                                  "COLOR=; as tags they make %n surface(s)")
+            : QT_TRANSLATE_N_NOOP(
+                  "Text",
+                  "the attribute words look like colours of 15 bits; as tags they make %n surface(s)");
+    findings.add("stl-colour-words"_L1, Text::counted(text, nullptr, words.distinct.size()));
 }
 
 } // namespace
@@ -80,9 +86,10 @@ void checkStlFacets(Source const& source, Findings& findings)
                       [&](stl::FacetRecord const& facet) { facets.add(facet); });
     checkWords(source, facets.words, findings);
     if (facets.degenerate > 0)
-        findings.add("degenerate-facets"_L1, u"%1 facets with two equal corners"_s.arg(facets.degenerate));
+        findings.add("degenerate-facets"_L1,
+                     Text::counted("%n facet(s) with two equal corners", nullptr, facets.degenerate));
     if (facets.slivers > 0)
-        findings.add("sliver-facets"_L1, u"%1 facets without area"_s.arg(facets.slivers));
+        findings.add("sliver-facets"_L1, Text::counted("%n facet(s) without area", nullptr, facets.slivers));
 }
 
 } // namespace tool

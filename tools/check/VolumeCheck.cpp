@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "check/Check.h"
 #include "check/Checkers.h"
 #include "volume/VolumeFindings.h"
@@ -12,41 +13,45 @@ void reportReferences(Check& check, VolumeFindings const& findings)
 {
     for (BadReference const& reference : findings.badReferences)
         check.findings.add("bad-reference"_L1,
-                           u"line %1: %2"_s.arg(QString::number(reference.line), reference.sentence));
+                           Text::tr("line %1: %2").arg(QString::number(reference.line), reference.sentence));
     qint64 const more = findings.badReferenceCount - qint64(findings.badReferences.size());
     if (more > 0)
-        check.findings.add("more-bad-references"_L1, u"%1 more references of this kind"_s.arg(more));
+        check.findings.add("more-bad-references"_L1,
+                           Text::counted("%n more reference(s) of this kind", nullptr, more));
 }
 
 void reportTetrahedra(Check& check, VolumeFindings const& findings, qint32 count)
 {
     if (findings.incomplete > 0)
-        check.findings.add(
-            "incomplete-tetrahedra"_L1,
-            u"%1 of %2 tetrahedra have points that no face row tells"_s.arg(findings.incomplete).arg(count));
+        check.findings.add("incomplete-tetrahedra"_L1,
+                           Text::tr("%1 of %2 tetrahedra have points that no face row tells")
+                               .arg(findings.incomplete)
+                               .arg(count));
     if (findings.flat > 0)
         check.findings.add("flat-tetrahedra"_L1,
-                           u"%1 of %2 tetrahedra are flat"_s.arg(findings.flat).arg(count));
+                           Text::tr("%1 of %2 tetrahedra are flat").arg(findings.flat).arg(count));
     if (findings.inverted > 0)
         check.findings.add(
             "inverted-tetrahedra"_L1,
-            u"%1 of %2 tetrahedra have a negative volume in the order in which the face rows bring "
-            "their points"_s.arg(findings.inverted)
+            Text::tr("%1 of %2 tetrahedra have a negative volume in the order in which the face rows bring "
+                     "their points")
+                .arg(findings.inverted)
                 .arg(count));
 }
 
 void reportFaces(Check& check, VolumeFindings const& findings, MTModelVMesh const& mesh)
 {
     if (findings.foreignFaces > 0)
-        check.findings.add(
-            "foreign-faces"_L1,
-            u"%1 face rows have a point that their tetrahedron does not have, the first in line %2"_s
-                .arg(findings.foreignFaces)
-                .arg(findings.firstForeignLine));
+        check.findings.add("foreign-faces"_L1,
+                           Text::counted("%n face row(s) (has|have) a point that (its|their) tetrahedron "
+                                         "does not have, the first in line "
+                                         "%1",
+                                         nullptr, findings.foreignFaces)
+                               .arg(findings.firstForeignLine));
     if (findings.outerFaces != mesh.numBoundFaces)
         check.findings.add(
             "boundary-mismatch"_L1,
-            u"%1 face rows have a tetrahedron on one side only, but there are %2 bound-face rows"_s
+            Text::tr("%1 face rows have a tetrahedron on one side only, but there are %2 bound-face rows")
                 .arg(findings.outerFaces)
                 .arg(mesh.numBoundFaces));
 }
@@ -55,10 +60,10 @@ void reportBoundary(Check& check, MTModelVMesh const& mesh)
 {
     BoundaryFindings const boundary = boundaryFindingsOf(mesh);
     if (boundary.openEdges > 0)
-        check.findings.add(
-            "open-boundary"_L1,
-            u"%1 of %2 edges of the boundary do not join exactly two bound faces"_s.arg(boundary.openEdges)
-                .arg(boundary.edges));
+        check.findings.add("open-boundary"_L1,
+                           Text::tr("%1 of %2 edges of the boundary do not join exactly two bound faces")
+                               .arg(boundary.openEdges)
+                               .arg(boundary.edges));
 }
 
 void reportMesh(Check& check, VolumeFile const& file)
@@ -66,9 +71,9 @@ void reportMesh(Check& check, VolumeFile const& file)
     VolumeFindings const findings = findingsOf(file);
     reportReferences(check, findings);
     if (findings.nonFinitePoints > 0)
-        check.findings.add("non-finite-points"_L1,
-                           u"%1 of %2 points have a NaN or an infinity"_s.arg(findings.nonFinitePoints)
-                               .arg(file.mesh.numPoints));
+        check.findings.add("non-finite-points"_L1, Text::tr("%1 of %2 points have a NaN or an infinity")
+                                                       .arg(findings.nonFinitePoints)
+                                                       .arg(file.mesh.numPoints));
     reportTetrahedra(check, findings, file.mesh.numTetrahedra);
     reportFaces(check, findings, file.mesh);
     if (findings.badReferenceCount == 0)

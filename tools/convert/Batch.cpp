@@ -1,5 +1,6 @@
 #include "convert/Batch.h"
 
+#include "Text.h"
 #include "convert/Progress.h"
 
 #include <QDir>
@@ -128,7 +129,7 @@ ExitCode Batch::convertOne(Conversion const& conversion)
             QDir().mkpath(QFileInfo(conversion.out).absolutePath());
         return convert(conversion, said);
     } catch (std::bad_alloc const&) {
-        said.failure(conversion.in + u": there is not enough memory for it"_s);
+        said.failure(conversion.in + Text::tr(": there is not enough memory for it"));
         return ExitCode::ReadOrWriteFailed;
     }
 }

@@ -1,5 +1,6 @@
 #include "convert/Conversion.h"
 
+#include "Text.h"
 #include "inspect/Format.h"
 #include "output/OutputFile.h"
 
@@ -25,14 +26,14 @@ ExitCode failReading(QString const& path, Console& console)
     Inspection const inspection = inspectFile(path);
     if (inspection.code != ExitCode::Ok)
         return fail(inspection.code, path, inspection.problem, console);
-    return fail(ExitCode::ReadOrWriteFailed, path, u"could not be read"_s, console);
+    return fail(ExitCode::ReadOrWriteFailed, path, Text::tr("could not be read"), console);
 }
 
 ExitCode checkSource(QString const& path, Console& console)
 {
     if (meshSourceFor(path) == nullptr)
         return fail(ExitCode::Usage, path,
-                    u"expected one of the suffixes %1"_s.arg(suffixesOf(meshSources())), console);
+                    Text::tr("expected one of the suffixes %1").arg(suffixesOf(meshSources())), console);
     if (QString const problem = whyNotRegular(path); !problem.isEmpty())
         return fail(ExitCode::ReadOrWriteFailed, path, problem, console);
     return ExitCode::Ok;
@@ -47,7 +48,8 @@ ExitCode read(QString const& path, MeshFile& file, Reading const& reading, Conso
     if (reading.cancel) // some readers then tell of a file without facets
         return ExitCode::Interrupted;
     if (file.mesh.isNull())
-        return fail(ExitCode::ReadOrWriteFailed, path, u"holds no facets that could be converted"_s, console);
+        return fail(ExitCode::ReadOrWriteFailed, path, Text::tr("holds no facets that could be converted"),
+                    console);
     return ExitCode::Ok;
 }
 
@@ -60,8 +62,8 @@ ExitCode checkTarget(QString const& path, Console& console)
 {
     if (meshTargetFor(path) != nullptr)
         return ExitCode::Ok;
-    return fail(ExitCode::Usage, path, u"expected one of the suffixes %1"_s.arg(suffixesOf(meshTargets())),
-                console);
+    return fail(ExitCode::Usage, path,
+                Text::tr("expected one of the suffixes %1").arg(suffixesOf(meshTargets())), console);
 }
 
 ExitCode open(OutputFile& output, QString const& path, bool mayReplace, Console& console)
@@ -79,13 +81,13 @@ bool losesAlpha(MeshFile const& file)
 
 void warnOfLosses(MeshTarget const& target, Changes const& changes, MeshFile const& file, Console& console)
 {
-    QString const title = target.title;
+    QString const title = Text::shown(target.title);
     if (changes.hasMetadata() && !target.holdsMetadata)
-        console.warning(u"a file of the kind \"%1\" holds no scan metadata"_s.arg(title));
+        console.warning(Text::tr("a file of the kind \"%1\" holds no scan metadata").arg(title));
     if (changes.hasAppearance() && !target.holdsAppearance)
-        console.warning(u"a file of the kind \"%1\" holds no alpha and no material"_s.arg(title));
+        console.warning(Text::tr("a file of the kind \"%1\" holds no alpha and no material").arg(title));
     if (target.holdsAppearance && losesAlpha(file))
-        console.warning(u"colours lose their alpha; --alpha writes it"_s);
+        console.warning(Text::tr("colours lose their alpha; --alpha writes it"));
 }
 
 ExitCode change(Conversion const& conversion, MeshFile& file, Console& console)
@@ -101,7 +103,7 @@ ExitCode write(OutputFile& output, QString const& path, MeshFile const& file, Co
 {
     MeshTarget const* const target = meshTargetFor(path);
     if (!target->write(output.temporaryPath(), file))
-        return fail(ExitCode::ReadOrWriteFailed, path, u"could not be written"_s, console);
+        return fail(ExitCode::ReadOrWriteFailed, path, Text::tr("could not be written"), console);
     return result(path, output.commit(target->expectedBytes(output.temporaryPath(), file)), console);
 }
 

@@ -110,10 +110,13 @@ constexpr std::array sources = {
 };
 
 constexpr std::array targets = {
-    MeshTarget{"stl"_L1, "binary STL"_L1, writeStl, stlBytes, nullptr, true, false},
-    MeshTarget{"ply"_L1, "binary PLY"_L1, writePly, plyBytes, plyObstacle, true, true},
-    MeshTarget{"xyz"_L1, "XYZ points"_L1, writeXyz, xyzBytes},
-    MeshTarget{"array"_L1, "mesh array record"_L1, writeArrayRecord, arrayRecordBytes},
+    MeshTarget{"stl"_L1, QLatin1StringView(QT_TRANSLATE_NOOP("Text", "binary STL")), writeStl, stlBytes,
+               nullptr, true, false},
+    MeshTarget{"ply"_L1, QLatin1StringView(QT_TRANSLATE_NOOP("Text", "binary PLY")), writePly, plyBytes,
+               plyObstacle, true, true},
+    MeshTarget{"xyz"_L1, QLatin1StringView(QT_TRANSLATE_NOOP("Text", "XYZ points")), writeXyz, xyzBytes},
+    MeshTarget{"array"_L1, QLatin1StringView(QT_TRANSLATE_NOOP("Text", "mesh array record")),
+               writeArrayRecord, arrayRecordBytes},
 };
 
 } // namespace

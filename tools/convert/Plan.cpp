@@ -1,5 +1,7 @@
 #include "convert/Plan.h"
 
+#include "Text.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
@@ -41,10 +43,10 @@ QStringList collisionsOf(std::vector<Conversion> const& conversions)
     for (Conversion const& conversion : conversions) {
         QString const target = identityOf(conversion.out);
         if (QString const other = targets.value(target); !other.isEmpty())
-            sentences << u"%1 and %2 would both become %3"_s.arg(other, conversion.in, conversion.out);
+            sentences << Text::tr("%1 and %2 would both become %3").arg(other, conversion.in, conversion.out);
         else if (inputs.contains(target) && target != identityOf(conversion.in))
-            sentences << u"%1 would become %2, which is to be converted itself"_s.arg(conversion.in,
-                                                                                      conversion.out);
+            sentences << Text::tr("%1 would become %2, which is to be converted itself")
+                             .arg(conversion.in, conversion.out);
         targets.insert(target, conversion.in);
     }
     return sentences;

@@ -1,5 +1,7 @@
 #include "convert/Progress.h"
 
+#include "Text.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -35,11 +37,11 @@ QString Progress::text() const
     if (bytesDone == 0 || milliseconds <= 0)
         return line + u"  "_s + timeText(seconds);
     if (bytesDone >= bytes) // read, but not yet written
-        return line + u"  100 %  finishing"_s;
+        return line + u"  100 %  "_s + Text::tr("finishing");
     double const rate = double(bytesDone) / seconds;
     line += u"  %1 %"_s.arg(static_cast<int>(share * 100));
     line += u"  %1 MB/s"_s.arg(QString::number(rate / bytesOfMegabyte, 'f', 1));
-    return line + u"  %1 left"_s.arg(timeText((double(bytes) * (1 - share)) / rate));
+    return line + u"  "_s + Text::tr("%1 left").arg(timeText((double(bytes) * (1 - share)) / rate));
 }
 
 } // namespace tool

@@ -1,5 +1,6 @@
 #include "convert/ScanFiles.h"
 
+#include "Text.h"
 #include "header/Metadata.h"
 #include "images/LargeImages.h"
 #include "inhouse/data/Unstrip.h"
@@ -46,8 +47,10 @@ void warnIfCut(QString const& path)
     ply::HeaderText const header = ply::readHeaderText(in);
     qint64 const missing = header.bodyStart < 0 ? 0 : header.bodyStart + announcedBytes(header) - in.size();
     if (missing > 0)
-        qWarning().noquote()
-            << u"%1: %2 bytes are missing at its end; what is there was read"_s.arg(path).arg(missing);
+        qWarning().noquote() << Text::counted(
+                                    "%1: %n byte(s) (is|are) missing at its end; what is there was read",
+                                    nullptr, missing)
+                                    .arg(path);
 }
 
 // `read` has the reader read the file.
@@ -148,12 +151,13 @@ QString plyObstacle(MeshFile const& file)
     if (!file.metadata)
         return {};
     QString const name = file.metadata->getScannerName().remove(u'\u00AE').remove(u'\u2122');
-    std::array const texts = {std::pair("scanner name"_L1, name),
-                              std::pair("scanner serial"_L1, file.metadata->getScannerSerial()),
-                              std::pair("software version"_L1, file.metadata->getSoftwareVersion())};
+    std::array const texts = {std::pair(Text::tr("scanner name"), name),
+                              std::pair(Text::tr("scanner serial"), file.metadata->getScannerSerial()),
+                              std::pair(Text::tr("software version"), file.metadata->getSoftwareVersion())};
     for (auto const& [what, text] : texts) {
         if (!isPlain(text))
-            return u"expected a %1 of ASCII letters, found \"%2\": in a PLY header others cut its end off"_s
+            return Text::tr(
+                       "expected a %1 of ASCII letters, found \"%2\": in a PLY header others cut its end off")
                 .arg(what, text);
     }
     return {};

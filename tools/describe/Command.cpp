@@ -1,5 +1,7 @@
 #include "describe/Command.h"
 
+#include "Text.h"
+
 #include <CLI/CLI.hpp>
 
 using namespace Qt::StringLiterals;
@@ -7,8 +9,6 @@ using namespace Qt::StringLiterals;
 namespace tool {
 
 namespace {
-
-constexpr auto examplesHeading = "\n\nExamples:\n"_L1;
 
 QString text(std::string const& bytes)
 {
@@ -36,7 +36,7 @@ CommandOption describeOption(CLI::Option& option)
     if (option.get_items_expected_max() > 0)
         described.value = text(option.get_type_name());
     described.choices = choicesOf(option);
-    described.isCommon = option.get_group() == "Options of every verb";
+    described.isCommon = option.get_group() == commonGroup();
     return described;
 }
 
@@ -53,15 +53,26 @@ bool isListed(CLI::App const* app)
 
 } // namespace
 
+std::string examplesHeading()
+{
+    return "\n\n" + Text::utf8("Examples:") + '\n';
+}
+
+std::string commonGroup()
+{
+    return Text::utf8("Options of every verb");
+}
+
 Command describe(CLI::App& app)
 {
     Command command;
     command.name = text(app.get_name());
     QString const description = text(app.get_description());
-    qsizetype const end = description.indexOf(examplesHeading);
+    QString const heading = text(examplesHeading());
+    qsizetype const end = description.indexOf(heading);
     command.purpose = description.left(end);
     if (end >= 0) {
-        for (QString const& line : description.mid(end + examplesHeading.size()).split(u'\n'))
+        for (QString const& line : description.mid(end + heading.size()).split(u'\n'))
             command.examples << line.trimmed();
     }
     for (CLI::Option* option : app.get_options([](CLI::Option*) { return true; })) {

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <string>
 #include <vector>
 
 namespace CLI {
@@ -47,6 +48,11 @@ struct Command
     std::vector<CommandArgument> arguments;
     std::vector<Command> commands;
 };
+
+/// What stands between the purpose of a verb and its examples, in its description for CLI11.
+std::string examplesHeading();
+/// The group of the options that every verb has.
+std::string commonGroup();
 
 /// What CLI11 knows of a command and all below it; hidden verbs are left out.
 Command describe(CLI::App& app);

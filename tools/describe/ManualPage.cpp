@@ -1,4 +1,5 @@
 #include "Console.h"
+#include "Text.h"
 #include "describe/Command.h"
 
 #include <array>
@@ -12,18 +13,23 @@ namespace {
 struct ExitMeaning
 {
     ExitCode code;
-    QLatin1StringView meaning;
+    char const* meaning;
 };
 
 constexpr std::array exitMeanings = {
-    ExitMeaning{ExitCode::Ok, "all went well"_L1},
-    ExitMeaning{ExitCode::ReadOrWriteFailed, "a file could not be read or written"_L1},
-    ExitMeaning{ExitCode::Usage, "the command line makes no sense"_L1},
-    ExitMeaning{ExitCode::Malformed, "a file is damaged, or is not what it says it is"_L1},
-    ExitMeaning{ExitCode::Unsupported, "a sound file of a kind that the library does not read"_L1},
-    ExitMeaning{ExitCode::WarningsUnderStrict, "all went well but for warnings, and --strict was given"_L1},
-    ExitMeaning{ExitCode::SomeFailed, "several files were asked for, and some of them failed"_L1},
-    ExitMeaning{ExitCode::Interrupted, "interrupted with Ctrl-C"_L1},
+    ExitMeaning{ExitCode::Ok, QT_TRANSLATE_NOOP("Text", "all went well")},
+    ExitMeaning{ExitCode::ReadOrWriteFailed,
+                QT_TRANSLATE_NOOP("Text", "a file could not be read or written")},
+    ExitMeaning{ExitCode::Usage, QT_TRANSLATE_NOOP("Text", "the command line makes no sense")},
+    ExitMeaning{ExitCode::Malformed,
+                QT_TRANSLATE_NOOP("Text", "a file is damaged, or is not what it says it is")},
+    ExitMeaning{ExitCode::Unsupported,
+                QT_TRANSLATE_NOOP("Text", "a sound file of a kind that the library does not read")},
+    ExitMeaning{ExitCode::WarningsUnderStrict,
+                QT_TRANSLATE_NOOP("Text", "all went well but for warnings, and --strict was given")},
+    ExitMeaning{ExitCode::SomeFailed,
+                QT_TRANSLATE_NOOP("Text", "several files were asked for, and some of them failed")},
+    ExitMeaning{ExitCode::Interrupted, QT_TRANSLATE_NOOP("Text", "interrupted with Ctrl-C")},
 };
 
 QString escaped(QString text)
@@ -68,7 +74,7 @@ QString argumentName(CommandArgument const& argument)
 
 QString synopsis(QString const& path, Command const& command)
 {
-    QString text = bold(path) + u" [\\fIoptions\\fR]"_s;
+    QString text = bold(path) + u" [%1]"_s.arg(italic(Text::tr("options")));
     for (CommandArgument const& argument : command.arguments)
         text += u' ' + argumentName(argument);
     return text;
@@ -76,7 +82,7 @@ QString synopsis(QString const& path, Command const& command)
 
 QString examplesText(Command const& command)
 {
-    QString text = u".PP\nExamples:\n.PP\n.nf\n.RS 4\n"_s;
+    QString text = u".PP\n%1\n.PP\n.nf\n.RS 4\n"_s.arg(escaped(Text::tr("Examples:")));
     for (QString const& example : command.examples)
         text += escaped(example) + u'\n';
     return command.examples.isEmpty() ? QString() : text + u".RE\n.fi\n"_s;
@@ -110,30 +116,60 @@ QString exitStatus()
 {
     QString text;
     for (ExitMeaning const& row : exitMeanings)
-        text += item(bold(QString::number(static_cast<int>(row.code))), row.meaning);
+        text += item(bold(QString::number(static_cast<int>(row.code))), Text::tr(row.meaning));
     return text;
+}
+
+QString heading(QString const& text)
+{
+    return u".SH %1\n"_s.arg(escaped(text));
+}
+
+QString sentence(QString const& text)
+{
+    return escaped(text) + u'\n';
+}
+
+QString introduction(Command const& program, QString const& version)
+{
+    QString const name = program.name;
+    QString text = u".TH %1 1 \"\" \"%2 %3\" \"%4\"\n"_s.arg(name.toUpper(), name, version,
+                                                             escaped(Text::tr("User Commands")));
+    text += heading(Text::tr("NAME")) +
+            u"%1 \\- %2\n"_s.arg(name, escaped(Text::tr("looks at, checks and converts surface meshes")));
+    text += heading(Text::tr("SYNOPSIS")) + u"%1 %2 [%3] [%4]\n"_s.arg(bold(name), italic(Text::tr("verb")),
+                                                                       italic(Text::tr("options")),
+                                                                       italic(Text::tr("files")));
+    text += heading(Text::tr("DESCRIPTION")) + sentence(program.purpose);
+    return text + u".PP\n"_s +
+           sentence(Text::tr("Results go to the standard output, everything else to the standard error."));
+}
+
+QString environment()
+{
+    return item(bold(u"NO_COLOR"_s),
+                Text::tr(
+                    "When set and not empty, messages are not coloured unless --color always is given.")) +
+           item(
+               bold(u"LANGUAGE"_s) + u", "_s + bold(u"LC_ALL"_s) + u", "_s + bold(u"LC_MESSAGES"_s) +
+                   u", "_s + bold(u"LANG"_s),
+               Text::tr("The language of messages and help: German, Polish, or else English. Numbers are the "
+                        "same in every language, and with --json everything is in English."));
 }
 
 } // namespace
 
 QString manualPage(Command const& program, QString const& version)
 {
-    QString const name = program.name;
-    QString text = u".TH %1 1 \"\" \"%2 %3\" \"User Commands\"\n"_s.arg(name.toUpper(), name, version);
-    text += u".SH NAME\n%1 \\- looks at, checks and converts surface meshes\n"_s.arg(name);
-    text += u".SH SYNOPSIS\n%1 \\fIverb\\fR [\\fIoptions\\fR] [\\fIfiles\\fR]\n"_s.arg(bold(name));
-    text += u".SH DESCRIPTION\n%1\n"_s.arg(escaped(program.purpose));
-    text += u".PP\nResults go to the standard output, everything else to the standard error.\n"_s;
-    text += u".SH OPTIONS\n"_s;
+    QString text = introduction(program, version) + heading(Text::tr("OPTIONS"));
     for (CommandOption const& option : program.options)
         text += optionText(option);
-    text += u".PP\nEvery verb takes:\n"_s + commonOptions(program) + u".SH VERBS\n"_s;
+    text += u".PP\n"_s + sentence(Text::tr("Every verb takes:")) + commonOptions(program);
+    text += heading(Text::tr("VERBS"));
     for (Command const& verb : program.commands)
-        addCommand(text, name + u' ' + verb.name, verb);
-    text += u".SH EXIT STATUS\n"_s + exitStatus();
-    text += u".SH ENVIRONMENT\n"_s + item(bold(u"NO_COLOR"_s), u"When set and not empty, messages are not "
-                                                               "coloured unless --color always is given."_s);
-    return text;
+        addCommand(text, program.name + u' ' + verb.name, verb);
+    text += heading(Text::tr("EXIT STATUS")) + exitStatus();
+    return text + heading(Text::tr("ENVIRONMENT")) + environment();
 }
 
 } // namespace tool

@@ -1,5 +1,6 @@
 #include "header/Metadata.h"
 
+#include "Text.h"
 #include "convert/Suffixes.h"
 
 #include <array>
@@ -27,7 +28,7 @@ Problem copyRest(QIODevice& in, QIODevice& out)
     constexpr qint64 chunk = 1 << 20;
     for (QByteArray bytes = in.read(chunk); !bytes.isEmpty(); bytes = in.read(chunk)) {
         if (out.write(bytes) != bytes.size())
-            return {ExitCode::ReadOrWriteFailed, u"could not be written: "_s + out.errorString()};
+            return {ExitCode::ReadOrWriteFailed, Text::tr("could not be written: ") + out.errorString()};
     }
     return {};
 }

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "header/Metadata.h"
 
 #include <QList>
@@ -52,7 +53,8 @@ QList<QByteArray> readHeader(QIODevice& in)
 
 Problem noHeader()
 {
-    return {ExitCode::Malformed, u"expected a PLY header from \"ply\" to \"end_header\", found none"_s};
+    return {ExitCode::Malformed,
+            Text::tr("expected a PLY header from \"ply\" to \"end_header\", found none")};
 }
 
 std::size_t fieldOf(QByteArray const& line)
@@ -129,7 +131,7 @@ Problem writePlyMetadata(QIODevice& in, Metadata const& metadata, QIODevice& out
         return noHeader();
     QByteArray const text = withMetadata(header, metadata);
     if (out.write(text) != text.size())
-        return {ExitCode::ReadOrWriteFailed, u"could not be written: "_s + out.errorString()};
+        return {ExitCode::ReadOrWriteFailed, Text::tr("could not be written: ") + out.errorString()};
     return copyRest(in, out);
 }
 

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "framework/ScanMetadata.h"
 #include "header/Metadata.h"
 #include "inspect/MetadataRecord.h"
@@ -15,11 +16,12 @@ Problem readHeader(QIODevice& in, QByteArray& header)
     constexpr qint64 enoughForALine = 4096;
     QByteArray const head = in.peek(enoughForALine);
     if (stl::isReadAsText(head))
-        return {ExitCode::Unsupported, u"is read as ASCII STL, which has no room for metadata"_s};
+        return {ExitCode::Unsupported, Text::tr("is read as ASCII STL, which has no room for metadata")};
     header = in.read(stl::headerBytes);
     if (head.size() < stl::prefixBytes)
         return {ExitCode::Malformed,
-                u"expected a header of 80 bytes and a facet count of 4, found %1 bytes"_s.arg(head.size())};
+                Text::counted("expected a header of 80 bytes and a facet count of 4, found %n byte(s)",
+                              nullptr, head.size())};
     return {};
 }
 
@@ -41,7 +43,7 @@ Problem writeStlMetadata(QIODevice& in, Metadata const& metadata, QIODevice& out
     QByteArray const record =
         metadata ? conversions::toByteArray(*metadata) : QByteArray(qsizetype(stl::headerBytes), '\0');
     if (out.write(record) != record.size())
-        return {ExitCode::ReadOrWriteFailed, u"could not be written: "_s + out.errorString()};
+        return {ExitCode::ReadOrWriteFailed, Text::tr("could not be written: ") + out.errorString()};
     return copyRest(in, out);
 }
 

@@ -1,5 +1,7 @@
 #include "images/ImageFile.h"
 
+#include "Text.h"
+
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPixelFormat>
@@ -45,12 +47,13 @@ bool ImageFile::isOverLimit() const
 
 QString ImageFile::limitProblem(QString const& name) const
 {
-    return u"\"%1\" has %2 x %3 pixels, which take %4 MiB; the limit is %5 MiB, and "
-           "--image-limit %4 raises it"_s.arg(name)
-               .arg(size.width())
-               .arg(size.height())
-               .arg(memory)
-               .arg(QImageReader::allocationLimit());
+    return Text::tr("\"%1\" has %2 x %3 pixels, which take %4 MiB; the limit is %5 MiB, and "
+                    "--image-limit %4 raises it")
+        .arg(name)
+        .arg(size.width())
+        .arg(size.height())
+        .arg(memory)
+        .arg(QImageReader::allocationLimit());
 }
 
 } // namespace tool

@@ -1,5 +1,7 @@
 #include "images/ImageLimit.h"
 
+#include "Text.h"
+
 #include <CLI/CLI.hpp>
 
 #include <QImageReader>
@@ -11,7 +13,7 @@ void addImageLimitOption(CLI::App& app)
     constexpr int most = 1 << 20;
     app.add_option_function<int>(
            "--image-limit", [](int const& limit) { QImageReader::setAllocationLimit(limit); },
-           "Most memory that an image may take, in MiB; 128 when not said")
+           Text::utf8("Most memory that an image may take, in MiB; 128 when not said"))
         ->check(CLI::Range(1, most).description(""))
         ->type_name("MIB");
 }

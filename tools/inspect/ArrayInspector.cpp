@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "inspect/Formats.h"
 
 #include <QtEndian>
@@ -26,24 +27,27 @@ QString recognise(Source const&)
 void inspect(Source const& source, Inspection& inspection)
 {
     if (source.size < countsBytes) {
-        inspection.fail(ExitCode::Malformed,
-                        u"expected two counts of 4 bytes, found %1 bytes"_s.arg(source.size),
-                        "array-size"_L1);
+        inspection.fail(
+            ExitCode::Malformed,
+            Text::counted("expected two counts of 4 bytes, found %n byte(s)", nullptr, source.size),
+            "array-size"_L1);
         return;
     }
     qint64 const vertices = qFromBigEndian<qint32>(source.head.constData());
     qint64 const indices = qFromBigEndian<qint32>(source.head.constData() + 4);
-    Report& inFile = inspection.report.section("inFile"_L1, u"in the file"_s);
-    inFile.add("vertices"_L1, u"vertices"_s, vertices);
-    inFile.add("indices"_L1, u"indices"_s, indices);
+    Report& inFile = inspection.report.section("inFile"_L1, Text::tr("in the file"));
+    inFile.add("vertices"_L1, Text::tr("vertices"), vertices);
+    inFile.add("indices"_L1, Text::tr("indices"), indices);
     if (vertices < 0 || indices < 0)
-        inspection.fail(
-            ExitCode::Malformed,
-            u"expected counts from 0 on, found %1 vertices and %2 indices"_s.arg(vertices).arg(indices),
-            "array-size"_L1);
+        inspection.fail(ExitCode::Malformed,
+                        Text::tr("expected counts from 0 on, found %1 vertices and %2 indices")
+                            .arg(vertices)
+                            .arg(indices),
+                        "array-size"_L1);
     else if (source.size != recordBytes(vertices, indices))
         inspection.fail(ExitCode::Malformed,
-                        u"%1 vertices and %2 indices take %3 bytes, the file holds %4"_s.arg(vertices)
+                        Text::tr("%1 vertices and %2 indices take %3 bytes, the file holds %4")
+                            .arg(vertices)
                             .arg(indices)
                             .arg(recordBytes(vertices, indices))
                             .arg(source.size),
@@ -52,6 +56,7 @@ void inspect(Source const& source, Inspection& inspection)
 
 } // namespace
 
-Format const arrayFormat = {"array"_L1, "mesh array record"_L1, "array"_L1, recognise, inspect};
+Format const arrayFormat = {"array"_L1, QLatin1StringView(QT_TRANSLATE_NOOP("Text", "mesh array record")),
+                            "array"_L1, recognise, inspect};
 
 } // namespace tool

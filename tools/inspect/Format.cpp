@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "convert/Suffixes.h"
 #include "inspect/Formats.h"
 
@@ -18,7 +19,7 @@ std::optional<RecognisedFile> recognise(Source const& source)
     }
     for (Format const& format : formats()) {
         if (hasSuffix(format, source.path))
-            return RecognisedFile{source, &format, u"by its suffix only"_s};
+            return RecognisedFile{source, &format, Text::tr("by its suffix only")};
     }
     return {};
 }
@@ -32,7 +33,7 @@ std::optional<Source> open(QString const& path, Inspection& inspection)
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString(),
+        inspection.fail(ExitCode::ReadOrWriteFailed, Text::tr("cannot be opened: ") + file.errorString(),
                         "cannot-open"_L1);
         return {};
     }
@@ -52,13 +53,14 @@ QString whyNotRegular(QString const& path)
 {
     QFileInfo const file(path);
     if (file.isSymLink() && !file.exists())
-        return u"expected a file, found a link to \"%1\", which does not exist"_s.arg(file.symLinkTarget());
+        return Text::tr("expected a file, found a link to \"%1\", which does not exist")
+            .arg(file.symLinkTarget());
     if (!file.exists())
-        return u"there is no such file"_s;
+        return Text::tr("there is no such file");
     if (file.isDir())
-        return u"expected a file, found a folder"_s;
+        return Text::tr("expected a file, found a folder");
     if (!file.isFile())
-        return u"expected a regular file, found a pipe, socket or device"_s;
+        return Text::tr("expected a regular file, found a pipe, socket or device");
     return {};
 }
 
@@ -74,9 +76,9 @@ std::optional<RecognisedFile> recogniseFile(QString const& path, Inspection& ins
         return {};
     std::optional<RecognisedFile> const file = recognise(*source);
     if (!file) {
-        inspection.report.add("bytes"_L1, u"size in bytes"_s, source->size);
+        inspection.report.add("bytes"_L1, Text::tr("size in bytes"), source->size);
         inspection.fail(ExitCode::Unsupported,
-                        u"neither the content nor the suffix is that of a format known here"_s,
+                        Text::tr("neither the content nor the suffix is that of a format known here"),
                         "unknown-format"_L1);
     }
     return file;
@@ -89,10 +91,10 @@ Inspection inspectFile(QString const& path)
     std::optional<RecognisedFile> const file = recogniseFile(path, inspection);
     if (!file)
         return inspection;
-    inspection.report.add("format"_L1, u"format"_s, file->format->title);
+    inspection.report.add("format"_L1, Text::tr("format"), Text::shown(file->format->title));
     inspection.report.add("formatName"_L1, {}, file->format->name);
-    inspection.report.add("recognisedBy"_L1, u"recognised"_s, file->how);
-    inspection.report.add("bytes"_L1, u"size in bytes"_s, file->source.size);
+    inspection.report.add("recognisedBy"_L1, Text::tr("recognised"), file->how);
+    inspection.report.add("bytes"_L1, Text::tr("size in bytes"), file->source.size);
     file->format->inspect(file->source, inspection);
     return inspection;
 }

@@ -1,5 +1,7 @@
 #include "inspect/MetadataRecord.h"
 
+#include "Text.h"
+
 using namespace Qt::StringLiterals;
 
 namespace tool {
@@ -44,12 +46,12 @@ void addMetadata(Report& report, std::optional<MeshHeader> const& metadata)
         return;
     }
     QDate const date = metadata->getAcquisitionDate().date();
-    Report& section = report.section("metadata"_L1, u"scan metadata"_s);
-    section.add("scannerName"_L1, u"scanner name"_s, metadata->getScannerName());
-    section.add("scannerSerial"_L1, u"scanner serial"_s, metadata->getScannerSerial());
-    section.add("imported"_L1, u"imported"_s, metadata->isImported());
-    section.add("softwareVersion"_L1, u"software version"_s, metadata->getSoftwareVersion());
-    section.add("acquisitionDate"_L1, u"acquisition date"_s,
+    Report& section = report.section("metadata"_L1, Text::tr("scan metadata"));
+    section.add("scannerName"_L1, Text::tr("scanner name"), metadata->getScannerName());
+    section.add("scannerSerial"_L1, Text::tr("scanner serial"), metadata->getScannerSerial());
+    section.add("imported"_L1, Text::tr("imported"), metadata->isImported());
+    section.add("softwareVersion"_L1, Text::tr("software version"), metadata->getSoftwareVersion());
+    section.add("acquisitionDate"_L1, Text::tr("acquisition date"),
                 date.isValid() ? Value(date.toString(Qt::ISODate)) : Value());
 }
 

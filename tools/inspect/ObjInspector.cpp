@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "check/Checkers.h"
 #include "inspect/Formats.h"
 #include "obj/ObjReading.h"
@@ -38,7 +39,7 @@ QString recognise(Source const& source)
             return {};
         hasContent = hasContent || ((keyword == "v" || keyword == "f") && lines.tokens().size() > 3);
     }
-    return hasContent ? u"by its lines, which are those of an OBJ file"_s : QString();
+    return hasContent ? Text::tr("by its lines, which are those of an OBJ file") : QString();
 }
 
 // Without rows it is left out of the text.
@@ -50,32 +51,33 @@ void addTable(Report& report, QLatin1StringView key, QString const& label, Table
 
 void addCounts(Report& report, ObjText const& text)
 {
-    Report& counts = report.section("inFile"_L1, u"in the file"_s);
-    counts.add("vertices"_L1, u"vertices (v)"_s, text.vertices);
-    counts.add("textureCoordinates"_L1, u"texture coordinates (vt)"_s, text.textureCoordinates);
-    counts.add("normals"_L1, u"normals (vn)"_s, text.normals);
-    counts.add("faces"_L1, u"faces (f)"_s, text.faces);
-    counts.add("objects"_L1, u"objects (o)"_s, qint64(text.objects.all().size()));
-    counts.add("groups"_L1, u"groups (g)"_s, qint64(text.groups.all().size()));
-    counts.add("vertexColors"_L1, u"vertices with colours, which are not read"_s, text.vertexColors.count);
+    Report& counts = report.section("inFile"_L1, Text::tr("in the file"));
+    counts.add("vertices"_L1, Text::tr("vertices (v)"), text.vertices);
+    counts.add("textureCoordinates"_L1, Text::tr("texture coordinates (vt)"), text.textureCoordinates);
+    counts.add("normals"_L1, Text::tr("normals (vn)"), text.normals);
+    counts.add("faces"_L1, Text::tr("faces (f)"), text.faces);
+    counts.add("objects"_L1, Text::tr("objects (o)"), qint64(text.objects.all().size()));
+    counts.add("groups"_L1, Text::tr("groups (g)"), qint64(text.groups.all().size()));
+    counts.add("vertexColors"_L1, Text::tr("vertices with colours, which are not read"),
+               text.vertexColors.count);
 }
 
 void addFaces(Report& report, ObjText const& text)
 {
     Table table;
-    table.columns = {{"corners"_L1, u"corners"_s},
-                     {"style"_L1, u"style"_s},
-                     {"relative"_L1, u"relative"_s},
-                     {"count"_L1, u"count"_s}};
+    table.columns = {{"corners"_L1, Text::tr("corners")},
+                     {"style"_L1, Text::tr("style")},
+                     {"relative"_L1, Text::tr("relative")},
+                     {"count"_L1, Text::tr("count")}};
     for (auto const& [kind, count] : text.faceKinds)
-        table.rows.push_back({kind.corners, nameOf(kind.style), kind.isRelative, count});
-    addTable(report, "faceKinds"_L1, u"faces"_s, std::move(table));
+        table.rows.push_back({kind.corners, Text::shown(nameOf(kind.style)), kind.isRelative, count});
+    addTable(report, "faceKinds"_L1, Text::tr("faces"), std::move(table));
 }
 
 void addNames(Report& report, QLatin1StringView key, QString const& label, Names const& names)
 {
     Table table;
-    table.columns = {{"name"_L1, u"name"_s}, {"faces"_L1, u"faces"_s}};
+    table.columns = {{"name"_L1, Text::tr("name")}, {"faces"_L1, Text::tr("faces")}};
     for (Names::Entry const& entry : names.all()) {
         if (table.rows.size() < mostNames)
             table.rows.push_back({entry.name, entry.faces});
@@ -86,41 +88,41 @@ void addNames(Report& report, QLatin1StringView key, QString const& label, Names
 void addSkipped(Report& report, ObjText const& text)
 {
     Table table;
-    table.columns = {{"keyword"_L1, u"keyword"_s}, {"count"_L1, u"count"_s}};
+    table.columns = {{"keyword"_L1, Text::tr("keyword")}, {"count"_L1, Text::tr("count")}};
     for (auto const& [keyword, count] : text.skipped) {
         if (table.rows.size() < mostKeywords)
             table.rows.push_back({keyword, count});
     }
-    addTable(report, "skippedLines"_L1, u"lines that are not read"_s, std::move(table));
+    addTable(report, "skippedLines"_L1, Text::tr("lines that are not read"), std::move(table));
 }
 
 void addTextureRange(Report& report, ObjText const& text)
 {
     Table table;
-    table.columns = {{"axis"_L1, u"axis"_s},
-                     {"min"_L1, u"min"_s},
-                     {"max"_L1, u"max"_s},
-                     {"outside"_L1, u"outside 0 to 1"_s}};
+    table.columns = {{"axis"_L1, Text::tr("axis")},
+                     {"min"_L1, Text::tr("min")},
+                     {"max"_L1, Text::tr("max")},
+                     {"outside"_L1, Text::tr("outside 0 to 1")}};
     if (text.textureCoordinates > 0)
         table.rows = {{"u"_L1, text.u.least, text.u.greatest, text.u.outside.count},
                       {"v"_L1, text.v.least, text.v.greatest, text.v.outside.count}};
-    addTable(report, "textureRange"_L1, u"texture coordinates"_s, std::move(table));
+    addTable(report, "textureRange"_L1, Text::tr("texture coordinates"), std::move(table));
 }
 
-QLatin1StringView useOf(MtlMaterial const& material, ImageLine const& image)
+QString useOf(MtlMaterial const& material, ImageLine const& image)
 {
     if (material.faces == 0)
-        return "unused"_L1;
-    return &image == &material.images.back() ? "texture"_L1 : "replaced"_L1;
+        return Text::tr("unused");
+    return &image == &material.images.back() ? Text::tr("texture") : Text::tr("replaced");
 }
 
-QLatin1StringView stateOf(ImageFile const& image)
+QString stateOf(ImageFile const& image)
 {
     if (!image.isFound)
-        return "missing"_L1;
+        return Text::tr("missing");
     if (!image.isImage())
-        return "no image"_L1;
-    return image.isOverLimit() ? "over the limit"_L1 : "found"_L1;
+        return Text::tr("no image");
+    return image.isOverLimit() ? Text::tr("over the limit") : Text::tr("found");
 }
 
 Value sizeOf(QSize const& size)
@@ -131,14 +133,15 @@ Value sizeOf(QSize const& size)
 void addImages(Report& report, MtlMaterial const& material)
 {
     Table table;
-    table.columns = {{"keyword"_L1, u"image"_s}, {"name"_L1, u"name"_s}, {"options"_L1, u"options"_s},
-                     {"state"_L1, u"state"_s},   {"size"_L1, u"size"_s}, {"use"_L1, u"use"_s},
-                     {"line"_L1, u"line"_s}};
+    table.columns = {{"keyword"_L1, Text::tr("image")},   {"name"_L1, Text::tr("name")},
+                     {"options"_L1, Text::tr("options")}, {"state"_L1, Text::tr("state")},
+                     {"size"_L1, Text::tr("size")},       {"use"_L1, Text::tr("use")},
+                     {"line"_L1, Text::tr("line")}};
     for (ImageLine const& image : material.images)
         table.rows.push_back({image.keyword, image.name,
                               image.options.isEmpty() ? Value() : Value(image.options), stateOf(image.image),
                               sizeOf(image.image.size), useOf(material, image), image.line});
-    addTable(report, "images"_L1, u"images"_s, std::move(table));
+    addTable(report, "images"_L1, Text::tr("images"), std::move(table));
 }
 
 Value colorValue(QColor const& color)
@@ -151,10 +154,10 @@ void addMaterials(Report& report, MtlLibrary const& library)
 {
     report.addList("materials"_L1);
     for (MtlMaterial const& material : library.materials) {
-        Report& item = report.addItem("materials"_L1, u"material "_s + material.name);
+        Report& item = report.addItem("materials"_L1, Text::tr("material %1").arg(material.name));
         item.add("name"_L1, {}, material.name);
-        item.add("faces"_L1, u"faces"_s, material.faces);
-        item.add("diffuseColor"_L1, u"diffuse colour"_s, colorValue(material.diffuse));
+        item.add("faces"_L1, Text::tr("faces"), material.faces);
+        item.add("diffuseColor"_L1, Text::tr("diffuse colour"), colorValue(material.diffuse));
         addImages(item, material);
     }
 }
@@ -163,18 +166,18 @@ void addLibraries(Report& report, obj::MaterialTree const& tree)
 {
     report.addList("libraries"_L1);
     for (MtlLibrary const& library : tree.libraries) {
-        Report& item = report.addItem("libraries"_L1, u"material library "_s + library.name);
+        Report& item = report.addItem("libraries"_L1, Text::tr("material library %1").arg(library.name));
         item.add("name"_L1, {}, library.name);
-        item.add("found"_L1, u"found"_s, library.isFound);
-        QString const label = library.stopsAt > 0 ? u"read up to line"_s : QString();
+        item.add("found"_L1, Text::tr("found"), library.isFound);
+        QString const label = library.stopsAt > 0 ? Text::tr("read up to line") : QString();
         item.add("stopsAtLine"_L1, label, library.stopsAt > 0 ? Value(library.stopsAt) : Value());
         addMaterials(item, library);
     }
     Table table;
-    table.columns = {{"name"_L1, u"name"_s}, {"faces"_L1, u"faces"_s}};
+    table.columns = {{"name"_L1, Text::tr("name")}, {"faces"_L1, Text::tr("faces")}};
     for (Names::Entry const& entry : tree.undefined)
         table.rows.push_back({entry.name, entry.faces});
-    addTable(report, "undefinedMaterials"_L1, u"materials that are not defined"_s, std::move(table));
+    addTable(report, "undefinedMaterials"_L1, Text::tr("materials that are not defined"), std::move(table));
 }
 
 void addRead(Report& report, obj::Reading const& reading)
@@ -184,12 +187,15 @@ void addRead(Report& report, obj::Reading const& reading)
     constexpr qint64 indicesOfTriangle = 4;
     geometry::Mesh const& mesh = reading.reader->getMesh();
     QImage const& texture = reading.reader->getTexture();
-    Report& read = report.section("read"_L1, u"as read"_s);
-    read.add("facets"_L1, u"facets"_s, mesh.indices.size() / indicesOfTriangle);
-    read.add("vertices"_L1, u"vertices"_s, qint64(mesh.vertices.size()));
-    read.add("normals"_L1, u"normals"_s, reading.text.normals > 0 ? "in the file"_L1 : "computed"_L1);
-    read.add("textureCoordinates"_L1, u"texture coordinates"_s, qint64(mesh.textureCoordinates.size()));
-    read.add("texture"_L1, u"texture in pixels"_s, sizeOf(texture.isNull() ? QSize() : texture.size()));
+    Report& read = report.section("read"_L1, Text::tr("as read"));
+    read.add("facets"_L1, Text::tr("facets"), mesh.indices.size() / indicesOfTriangle);
+    read.add("vertices"_L1, Text::tr("vertices"), qint64(mesh.vertices.size()));
+    read.add("normals"_L1, Text::tr("normals"),
+             reading.text.normals > 0 ? Text::tr("in the file") : Text::tr("computed"));
+    read.add("textureCoordinates"_L1, Text::tr("texture coordinates"),
+             qint64(mesh.textureCoordinates.size()));
+    read.add("texture"_L1, Text::tr("texture in pixels"),
+             sizeOf(texture.isNull() ? QSize() : texture.size()));
 }
 
 void warnOfLargeImages(obj::MaterialTree const& tree, Inspection& inspection)
@@ -205,14 +211,14 @@ void inspect(Source const& source, Inspection& inspection)
 {
     std::optional<obj::Reading> const reading = obj::readFile(source.path);
     if (!reading) {
-        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened"_s, "cannot-open"_L1);
+        inspection.fail(ExitCode::ReadOrWriteFailed, Text::tr("cannot be opened"), "cannot-open"_L1);
         return;
     }
     Report& report = inspection.report;
     addCounts(report, reading->text);
     addFaces(report, reading->text);
-    addNames(report, "objects"_L1, u"objects"_s, reading->text.objects);
-    addNames(report, "groups"_L1, u"groups"_s, reading->text.groups);
+    addNames(report, "objects"_L1, Text::tr("objects"), reading->text.objects);
+    addNames(report, "groups"_L1, Text::tr("groups"), reading->text.groups);
     addSkipped(report, reading->text);
     reading->text.bounds.addTo(report);
     addTextureRange(report, reading->text);

@@ -1,5 +1,7 @@
 #include "inspect/PlyHeaderText.h"
 
+#include "Text.h"
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -33,22 +35,25 @@ struct Use
 {
     QLatin1StringView element;
     QLatin1StringView names;
-    QLatin1StringView use;
+    char const* use;
 };
 
 constexpr std::array uses = {
-    Use{"vertex"_L1, "x y z"_L1, "position"_L1},
-    Use{"vertex"_L1, "nx ny nz"_L1, "normal"_L1},
-    Use{"vertex"_L1, "red green blue alpha"_L1, "colour"_L1},
-    Use{"vertex"_L1, "texture_u u s texture_v v t"_L1, "texture coordinate"_L1},
-    Use{"face"_L1, "red green blue alpha"_L1, "face colour"_L1},
-    Use{"velquin_material"_L1, "ambient_red ambient_green ambient_blue ambient_intensity"_L1, "material"_L1},
-    Use{"velquin_material"_L1, "diffuse_red diffuse_green diffuse_blue diffuse_intensity"_L1, "material"_L1},
+    Use{"vertex"_L1, "x y z"_L1, QT_TRANSLATE_NOOP("Text", "position")},
+    Use{"vertex"_L1, "nx ny nz"_L1, QT_TRANSLATE_NOOP("Text", "normal")},
+    Use{"vertex"_L1, "red green blue alpha"_L1, QT_TRANSLATE_NOOP("Text", "colour")},
+    Use{"vertex"_L1, "texture_u u s texture_v v t"_L1, QT_TRANSLATE_NOOP("Text", "texture coordinate")},
+    Use{"face"_L1, "red green blue alpha"_L1, QT_TRANSLATE_NOOP("Text", "face colour")},
+    Use{"velquin_material"_L1, "ambient_red ambient_green ambient_blue ambient_intensity"_L1,
+        QT_TRANSLATE_NOOP("Text", "material")},
+    Use{"velquin_material"_L1, "diffuse_red diffuse_green diffuse_blue diffuse_intensity"_L1,
+        QT_TRANSLATE_NOOP("Text", "material")},
     Use{"velquin_material"_L1, "specular_red specular_green specular_blue specular_intensity"_L1,
-        "material"_L1},
+        QT_TRANSLATE_NOOP("Text", "material")},
     Use{"velquin_material"_L1, "emissive_red emissive_green emissive_blue emissive_intensity"_L1,
-        "material"_L1},
-    Use{"velquin_material"_L1, "shininess transparency base_reflectance detail_noise"_L1, "material"_L1},
+        QT_TRANSLATE_NOOP("Text", "material")},
+    Use{"velquin_material"_L1, "shininess transparency base_reflectance detail_noise"_L1,
+        QT_TRANSLATE_NOOP("Text", "material")},
 };
 
 bool hasWord(QLatin1StringView words, QString const& word)
@@ -189,20 +194,23 @@ qint64 announcedBytes(HeaderText const& header)
     return bytes;
 }
 
-QString useOf(Element const& element, Property const& property)
+QLatin1StringView useOf(Element const& element, Property const& property)
 {
     if (!isReadElement(element))
-        return u"not looked at"_s;
+        return QLatin1StringView(QT_TRANSLATE_NOOP("Text", "not looked at"));
     if (property.isList() && !isIndexList(property))
-        return u"fails: a list of its own"_s;
+        return QLatin1StringView(QT_TRANSLATE_NOOP("Text", "fails: a list of its own"));
     if (property.isList() && is(element.name, "face"_L1))
-        return u"triangles"_s;
+        return QLatin1StringView(QT_TRANSLATE_NOOP("Text", "triangles"));
     bool const hasBytes = !property.isList() && bytesOf(property.type) > 0;
     for (Use const& row : uses) {
         if (is(element.name, row.element) && hasWord(row.names, property.name))
-            return hasBytes ? QString(row.use) : u"fails: a type that takes no bytes"_s;
+            return hasBytes
+                       ? QLatin1StringView(row.use)
+                       : QLatin1StringView(QT_TRANSLATE_NOOP("Text", "fails: a type that takes no bytes"));
     }
-    return hasBytes ? u"skipped"_s : u"skipped, and its bytes shift the rest"_s;
+    return hasBytes ? QLatin1StringView(QT_TRANSLATE_NOOP("Text", "skipped"))
+                    : QLatin1StringView(QT_TRANSLATE_NOOP("Text", "skipped, and its bytes shift the rest"));
 }
 
 } // namespace tool::ply

@@ -57,6 +57,6 @@ int bytesOf(QString const& type);
 qint64 announcedBytes(HeaderText const& header);
 
 /// What becomes of a property: "position", "normal", "colour", ... or why it is skipped.
-QString useOf(Element const& element, Property const& property);
+QLatin1StringView useOf(Element const& element, Property const& property);
 
 } // namespace tool::ply

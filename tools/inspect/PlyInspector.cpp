@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "check/Checkers.h"
 #include "header/Metadata.h"
 #include "images/ImageFile.h"
@@ -32,7 +33,7 @@ QString recognise(Source const& source)
     QByteArray head = source.head;
     QBuffer in(&head);
     in.open(QIODevice::ReadOnly);
-    return ply::readHeaderText(in).hasMagic() ? u"by its first line, \"ply\""_s : QString();
+    return ply::readHeaderText(in).hasMagic() ? Text::tr("by its first line, \"ply\"") : QString();
 }
 
 // Without rows it is left out of the text.
@@ -44,7 +45,7 @@ void addTable(Report& report, QLatin1StringView key, QString const& label, Table
 
 QString typeOf(Property const& property)
 {
-    return property.isList() ? u"list of %1, counted by %2"_s.arg(property.type, property.countType)
+    return property.isList() ? Text::tr("list of %1, counted by %2").arg(property.type, property.countType)
                              : property.type;
 }
 
@@ -60,10 +61,11 @@ void addProperties(Table& table, Element const& element)
         names.clear();
     };
     for (Property const& property : element.properties) {
-        if (typeOf(property) != type || useOf(element, property) != use)
+        QString const nextUse = Text::shown(useOf(element, property));
+        if (typeOf(property) != type || nextUse != use)
             finish();
         type = typeOf(property);
-        use = useOf(element, property);
+        use = nextUse;
         names += names.isEmpty() ? property.name : u' ' + property.name;
     }
     finish();
@@ -72,18 +74,18 @@ void addProperties(Table& table, Element const& element)
 void addElements(Report& report, HeaderText const& header)
 {
     Table elements;
-    elements.columns = {{"name"_L1, u"element"_s}, {"count"_L1, u"count"_s}};
+    elements.columns = {{"name"_L1, Text::tr("element")}, {"count"_L1, Text::tr("count")}};
     Table properties;
-    properties.columns = {{"element"_L1, u"element"_s},
-                          {"names"_L1, u"properties"_s},
-                          {"type"_L1, u"type"_s},
-                          {"use"_L1, u"use"_s}};
+    properties.columns = {{"element"_L1, Text::tr("element")},
+                          {"names"_L1, Text::tr("properties")},
+                          {"type"_L1, Text::tr("type")},
+                          {"use"_L1, Text::tr("use")}};
     for (Element const& element : header.elements) {
         elements.rows.push_back({element.name, element.count});
         addProperties(properties, element);
     }
-    addTable(report, "elements"_L1, u"elements"_s, std::move(elements));
-    addTable(report, "properties"_L1, u"properties"_s, std::move(properties));
+    addTable(report, "elements"_L1, Text::tr("elements"), std::move(elements));
+    addTable(report, "properties"_L1, Text::tr("properties"), std::move(properties));
 }
 
 struct Points
@@ -131,13 +133,15 @@ void addColors(Report& report, QList<unsigned int> const& colors)
     for (unsigned int const color : colors)
         range.add(color);
     Table table;
-    table.columns = {
-        {"channel"_L1, u"channel"_s}, {"min"_L1, u"min"_s}, {"max"_L1, u"max"_s}, {"mean"_L1, u"mean"_s}};
-    constexpr std::array names = {"red"_L1, "green"_L1, "blue"_L1, "alpha"_L1};
+    table.columns = {{"channel"_L1, Text::tr("channel")},
+                     {"min"_L1, Text::tr("min")},
+                     {"max"_L1, Text::tr("max")},
+                     {"mean"_L1, Text::tr("mean")}};
+    std::array const names = {Text::tr("red"), Text::tr("green"), Text::tr("blue"), Text::tr("alpha")};
     for (std::size_t i = 0; i < channels; ++i)
         table.rows.push_back(
             {names[i], range.least[i], range.greatest[i], range.sum[i] / static_cast<double>(colors.size())});
-    report.add("colors"_L1, u"colours"_s, std::move(table));
+    report.add("colors"_L1, Text::tr("colours"), std::move(table));
 }
 
 void addTexture(Report& report, ImageFile const& image, HeaderText const& header)
@@ -146,10 +150,10 @@ void addTexture(Report& report, ImageFile const& image, HeaderText const& header
         report.add("texture"_L1, {}, Value());
         return;
     }
-    Report& texture = report.section("texture"_L1, u"texture"_s);
-    texture.add("name"_L1, u"name"_s, header.textureName);
-    texture.add("found"_L1, u"found"_s, image.isFound);
-    texture.add("size"_L1, u"size in pixels"_s,
+    Report& texture = report.section("texture"_L1, Text::tr("texture"));
+    texture.add("name"_L1, Text::tr("name"), header.textureName);
+    texture.add("found"_L1, Text::tr("found"), image.isFound);
+    texture.add("size"_L1, Text::tr("size in pixels"),
                 image.isImage() ? Value::array({qint64(image.size.width()), qint64(image.size.height())})
                                 : Value());
 }
@@ -166,19 +170,19 @@ void addMaterial(Report& report, utility::Optional<geometry::Material> const& ma
         report.add("material"_L1, {}, Value());
         return;
     }
-    Report& section = report.section("material"_L1, u"material"_s);
-    section.add("ambientColor"_L1, u"ambient colour"_s, colorValue(material->ambientColor));
-    section.add("ambientIntensity"_L1, u"ambient intensity"_s, material->ambientIntensity);
-    section.add("diffuseColor"_L1, u"diffuse colour"_s, colorValue(material->diffuseColor));
-    section.add("diffuseIntensity"_L1, u"diffuse intensity"_s, material->diffuseIntensity);
-    section.add("specularColor"_L1, u"specular colour"_s, colorValue(material->specularColor));
-    section.add("specularIntensity"_L1, u"specular intensity"_s, material->specularIntensity);
-    section.add("emissiveColor"_L1, u"emissive colour"_s, colorValue(material->emissiveColor));
-    section.add("emissiveIntensity"_L1, u"emissive intensity"_s, material->emissiveIntensity);
-    section.add("shininess"_L1, u"shininess"_s, material->shininess);
-    section.add("transparency"_L1, u"transparency"_s, material->transparency);
-    section.add("baseReflectance"_L1, u"base reflectance"_s, material->baseReflectance);
-    section.add("detailNoise"_L1, u"detail noise"_s, material->detailNoise);
+    Report& section = report.section("material"_L1, Text::tr("material"));
+    section.add("ambientColor"_L1, Text::tr("ambient colour"), colorValue(material->ambientColor));
+    section.add("ambientIntensity"_L1, Text::tr("ambient intensity"), material->ambientIntensity);
+    section.add("diffuseColor"_L1, Text::tr("diffuse colour"), colorValue(material->diffuseColor));
+    section.add("diffuseIntensity"_L1, Text::tr("diffuse intensity"), material->diffuseIntensity);
+    section.add("specularColor"_L1, Text::tr("specular colour"), colorValue(material->specularColor));
+    section.add("specularIntensity"_L1, Text::tr("specular intensity"), material->specularIntensity);
+    section.add("emissiveColor"_L1, Text::tr("emissive colour"), colorValue(material->emissiveColor));
+    section.add("emissiveIntensity"_L1, Text::tr("emissive intensity"), material->emissiveIntensity);
+    section.add("shininess"_L1, Text::tr("shininess"), material->shininess);
+    section.add("transparency"_L1, Text::tr("transparency"), material->transparency);
+    section.add("baseReflectance"_L1, Text::tr("base reflectance"), material->baseReflectance);
+    section.add("detailNoise"_L1, Text::tr("detail noise"), material->detailNoise);
 }
 
 bool declares(HeaderText const& header, QLatin1StringView use)
@@ -193,28 +197,28 @@ bool declares(HeaderText const& header, QLatin1StringView use)
     return false;
 }
 
-QLatin1StringView normalsOf(HeaderText const& header, Reading const& reading)
+QString normalsOf(HeaderText const& header, Reading const& reading)
 {
     if (declares(header, "normal"_L1))
-        return "in the file"_L1;
-    return reading.isCloud ? "none"_L1 : "computed"_L1;
+        return Text::tr("in the file");
+    return reading.isCloud ? Text::tr("none") : Text::tr("computed");
 }
 
 void addContents(Report& report, HeaderText const& header, Reading const& reading)
 {
     Points const points = pointsOf(reading);
-    Report& counts = report.section("read"_L1, u"as read"_s);
-    counts.add("facets"_L1, u"facets"_s, points.facets);
-    counts.add("vertices"_L1, u"vertices"_s, qint64(points.positions.size()));
-    counts.add("normals"_L1, u"normals"_s, normalsOf(header, reading));
-    counts.add("textureCoordinates"_L1, u"texture coordinates"_s,
+    Report& counts = report.section("read"_L1, Text::tr("as read"));
+    counts.add("facets"_L1, Text::tr("facets"), points.facets);
+    counts.add("vertices"_L1, Text::tr("vertices"), qint64(points.positions.size()));
+    counts.add("normals"_L1, Text::tr("normals"), normalsOf(header, reading));
+    counts.add("textureCoordinates"_L1, Text::tr("texture coordinates"),
                qint64(reading.reader->getMesh().textureCoordinates.size()));
     Bounds bounds;
     for (QVector3D const& position : points.positions)
         bounds.add(position);
     bounds.addTo(report);
     addColors(report, points.colors);
-    report.add("faceColors"_L1, reading.hasFaceColors ? u"face colours"_s : QString(),
+    report.add("faceColors"_L1, reading.hasFaceColors ? Text::tr("face colours") : QString(),
                reading.hasFaceColors ? qint64(reading.reader->getFaceColors().size()) : qint64(0));
 }
 
@@ -232,12 +236,12 @@ bool isReported(QString const& comment)
 void addComments(Report& report, HeaderText const& header)
 {
     Table table;
-    table.columns = {{"text"_L1, u"other comments"_s}};
+    table.columns = {{"text"_L1, Text::tr("other comments")}};
     for (QString const& comment : header.comments) {
         if (!isReported(comment))
             table.rows.push_back({comment});
     }
-    addTable(report, "comments"_L1, u"header"_s, std::move(table));
+    addTable(report, "comments"_L1, Text::tr("header"), std::move(table));
 }
 
 void addMetadataLines(Report& report, QFile& file)
@@ -252,13 +256,13 @@ void inspect(Source const& source, Inspection& inspection)
 {
     QFile file(source.path);
     if (!file.open(QIODevice::ReadOnly)) {
-        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString());
+        inspection.fail(ExitCode::ReadOrWriteFailed, Text::tr("cannot be opened: ") + file.errorString());
         return;
     }
     HeaderText const header = ply::readHeaderText(file);
     Reading const reading = ply::readFile(source.path, header);
     Report& report = inspection.report;
-    report.add("encoding"_L1, u"encoding"_s, header.format.isEmpty() ? Value() : Value(header.format));
+    report.add("encoding"_L1, Text::tr("encoding"), header.format.isEmpty() ? Value() : Value(header.format));
     addElements(report, header);
     if (reading.success)
         addContents(report, header, reading);

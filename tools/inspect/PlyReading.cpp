@@ -1,6 +1,7 @@
 #include "inspect/PlyReading.h"
 
 #include "LibraryLog.h"
+#include "Text.h"
 
 #include <array>
 
@@ -88,7 +89,7 @@ bool isFine(Finding const& finding)
 Finding judgeEnd(HeaderText const& header)
 {
     if (header.bodyStart < 0)
-        return malformed(u"expected \"end_header\", found the end of the file"_s);
+        return malformed(Text::tr("expected \"end_header\", found the end of the file"));
     return {};
 }
 
@@ -96,15 +97,16 @@ Finding judgeLines(HeaderText const& header)
 {
     if (!header.hasMagic())
         return malformed(
-            u"expected \"ply\" in the first line, found \"%1\""_s.arg(header.firstLine.left(40)));
+            Text::tr("expected \"ply\" in the first line, found \"%1\"").arg(header.firstLine.left(40)));
     if (!header.strangeLine.isEmpty())
-        return malformed(u"expected a line of a PLY header, found \"%1\""_s.arg(header.strangeLine.left(40)));
+        return malformed(
+            Text::tr("expected a line of a PLY header, found \"%1\"").arg(header.strangeLine.left(40)));
     if (header.format == "ascii"_L1)
-        return unsupported(u"is encoded in ASCII; only binary PLY is read"_s, "ply-ascii"_L1);
+        return unsupported(Text::tr("is encoded in ASCII; only binary PLY is read"), "ply-ascii"_L1);
     if (header.format != "binary_little_endian"_L1 && header.format != "binary_big_endian"_L1)
         return malformed(
-            u"expected the format \"binary_little_endian\" or \"binary_big_endian\", found \"%1\""_s.arg(
-                header.format));
+            Text::tr("expected the format \"binary_little_endian\" or \"binary_big_endian\", found \"%1\"")
+                .arg(header.format));
     return judgeEnd(header);
 }
 
@@ -113,12 +115,12 @@ Finding judgeProperty(Element const& element, Property const& property)
     if (!useOf(element, property).startsWith("fails"_L1))
         return {};
     if (property.isList())
-        return unsupported(
-            u"has a list \"%1\"; the only list that is read is \"vertex_indices\""_s.arg(property.name),
-            "ply-properties"_L1);
-    return unsupported(
-        u"stores \"%1\" as \"%2\", a type that is read as no bytes"_s.arg(property.name, property.type),
-        "ply-properties"_L1);
+        return unsupported(Text::tr("has a list \"%1\"; the only list that is read is \"vertex_indices\"")
+                               .arg(property.name),
+                           "ply-properties"_L1);
+    return unsupported(Text::tr("stores \"%1\" as \"%2\", a type that is read as no bytes")
+                           .arg(property.name, property.type),
+                       "ply-properties"_L1);
 }
 
 Finding judgeElements(HeaderText const& header, QStringList const& log)
@@ -126,14 +128,16 @@ Finding judgeElements(HeaderText const& header, QStringList const& log)
     constexpr std::size_t leastProperties = 3;
     for (QString const& message : log) {
         if (message.contains("element is not in the expected order"_L1))
-            return unsupported(u"has the elements %1; expected vertex, face and velquin_material first, in "
-                               "this order"_s.arg(elementNames(header)),
-                               "ply-elements"_L1);
+            return unsupported(
+                Text::tr("has the elements %1; expected vertex, face and velquin_material first, in "
+                         "this order")
+                    .arg(elementNames(header)),
+                "ply-elements"_L1);
     }
     Element const* const vertex = header.element("vertex"_L1);
     if (vertex == nullptr || vertex->properties.size() < leastProperties)
-        return malformed(u"expected a vertex element of at least 3 properties, found %1"_s.arg(
-            vertex == nullptr ? 0 : vertex->properties.size()));
+        return malformed(Text::tr("expected a vertex element of at least 3 properties, found %1")
+                             .arg(vertex == nullptr ? 0 : vertex->properties.size()));
     for (Element const& element : header.elements) {
         for (Property const& property : element.properties) {
             if (Finding finding = judgeProperty(element, property); !isFine(finding))
@@ -145,7 +149,8 @@ Finding judgeElements(HeaderText const& header, QStringList const& log)
 
 QString missingBytes(qint64 announced, qint64 held)
 {
-    return u"the header announces a body of %1 bytes, the file holds %2: %3 are missing"_s.arg(announced)
+    return Text::tr("the header announces a body of %1 bytes, the file holds %2: %3 are missing")
+        .arg(announced)
         .arg(held)
         .arg(announced - held);
 }
@@ -155,23 +160,24 @@ Finding judgeBody(Source const& source, HeaderText const& header, Reading const&
     qint64 const announced = announcedBytes(header);
     qint64 const held = source.size - header.bodyStart;
     if (QString const corners = polygonCorners(reading.log); !corners.isEmpty())
-        return unsupported(u"has a face of %1 corners; only triangles are read"_s.arg(corners),
+        return unsupported(Text::counted("has a face of %n corner(s); only triangles are read", nullptr,
+                                         corners.toLongLong()),
                            "ply-polygons"_L1);
     if (held < announced)
         return malformed(missingBytes(announced, held), "ply-size"_L1);
     if (!reading.success)
-        return malformed(u"a face asks for a vertex that is not there"_s, "ply-bad-index"_L1);
+        return malformed(Text::tr("a face asks for a vertex that is not there"), "ply-bad-index"_L1);
     return {};
 }
 
 Finding judgeUse(HeaderText const& header, Reading const& reading)
 {
     if (reading.isCloud)
-        return unsupported(u"holds %1 points and no faces; as a mesh it is not read"_s.arg(
-                               header.element("vertex"_L1)->count),
+        return unsupported(Text::counted("holds %n point(s) and no faces; as a mesh it is not read", nullptr,
+                                         header.element("vertex"_L1)->count),
                            "ply-points"_L1);
     if (reading.hasFaceColors)
-        return unsupported(u"faces have colours; such a file is read only where they are asked for"_s,
+        return unsupported(Text::tr("faces have colours; such a file is read only where they are asked for"),
                            "ply-face-colours"_L1);
     return {};
 }

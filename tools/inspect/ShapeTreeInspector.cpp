@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "inhouse/data/ShapeNodeIO.h"
 #include "inhouse/data/Unstrip.h"
 #include "inspect/Bounds.h"
@@ -37,7 +38,7 @@ utility::Optional<std::pair<unsigned, unsigned>> versionOf(QByteArray const& hea
 
 QString recognise(Source const& source)
 {
-    return versionOf(source.head) ? u"by its header"_s : QString();
+    return versionOf(source.head) ? Text::tr("by its header") : QString();
 }
 
 std::unique_ptr<ShapeNode> loadShape(QDataStream& stream, QVersionNumber const& version)
@@ -108,11 +109,11 @@ class Surveyor
 public:
     Surveyor()
     {
-        table.columns = {{"depth"_L1, u"depth"_s},
-                         {"name"_L1, u"name"_s},
-                         {"children"_L1, u"children"_s},
-                         {"vertices"_L1, u"vertices"_s},
-                         {"triangles"_L1, u"triangles"_s}};
+        table.columns = {{"depth"_L1, Text::tr("depth")},
+                         {"name"_L1, Text::tr("name")},
+                         {"children"_L1, Text::tr("children")},
+                         {"vertices"_L1, Text::tr("vertices")},
+                         {"triangles"_L1, Text::tr("triangles")}};
     }
 
     void survey(ShapeNode const& root)
@@ -130,18 +131,22 @@ public:
 
     void addTo(Report& report)
     {
-        report.add("nodes"_L1, u"nodes"_s, totals.nodes);
-        report.add("shapes"_L1, u"shapes"_s, totals.shapes);
-        report.add("depth"_L1, u"levels below the root"_s, totals.depth);
-        report.add("vertices"_L1, u"vertices"_s, totals.vertices);
-        report.add("triangles"_L1, u"triangles"_s, totals.triangles);
-        report.add("indicesOutside"_L1, totals.indicesOutside > 0 ? u"indices outside"_s : QString(),
+        report.add("nodes"_L1, Text::tr("nodes"), totals.nodes);
+        report.add("shapes"_L1, Text::tr("shapes"), totals.shapes);
+        report.add("depth"_L1, Text::tr("levels below the root"), totals.depth);
+        report.add("vertices"_L1, Text::tr("vertices"), totals.vertices);
+        report.add("triangles"_L1, Text::tr("triangles"), totals.triangles);
+        report.add("indicesOutside"_L1, totals.indicesOutside > 0 ? Text::tr("indices outside") : QString(),
                    totals.indicesOutside);
-        report.add("unmatchedLists"_L1, totals.unmatchedLists > 0 ? u"lists of other lengths"_s : QString(),
+        report.add("unmatchedLists"_L1,
+                   totals.unmatchedLists > 0 ? Text::tr("lists of other lengths") : QString(),
                    totals.unmatchedLists);
         totals.bounds.addTo(report);
         bool const isWhole = totals.nodes <= qint64(shownNodes);
-        report.add("tree"_L1, isWhole ? u"tree"_s : u"tree, its first %1 nodes"_s.arg(shownNodes), table);
+        report.add("tree"_L1,
+                   isWhole ? Text::tr("tree")
+                           : Text::counted("tree, its first %n node(s)", nullptr, shownNodes),
+                   table);
     }
 
 private:
@@ -175,35 +180,40 @@ void inspect(Source const& source, Inspection& inspection)
 {
     QFile file(source.path);
     if (!file.open(QIODevice::ReadOnly)) {
-        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString());
+        inspection.fail(ExitCode::ReadOrWriteFailed, Text::tr("cannot be opened: ") + file.errorString());
         return;
     }
     Contents const contents = contentsOf(file, source.head);
     Report& report = inspection.report;
-    report.add("header"_L1, u"header"_s, contents.hasHeader);
-    report.add("version"_L1, u"version"_s, contents.version.toString());
+    report.add("header"_L1, Text::tr("header"), contents.hasHeader);
+    report.add("version"_L1, Text::tr("version"), contents.version.toString());
     if (!isKnownVersion(contents.version)) {
         inspection.fail(ExitCode::Unsupported,
-                        u"expected version 1.0 or 2.0, found %1"_s.arg(contents.version.toString()));
+                        Text::tr("expected version 1.0 or 2.0, found %1").arg(contents.version.toString()));
         return;
     }
     if (!contents.tree) {
         inspection.fail(ExitCode::Malformed,
-                        u"expected a shape or a tree of shapes, found damage or an early "
-                        "end"_s);
+                        Text::tr("expected a shape or a tree of shapes, found damage or an early "
+                                 "end"));
         return;
     }
-    report.add("holds"_L1, u"holds"_s, contents.isSingleShape ? "shape"_L1 : "tree"_L1);
+    report.add("holds"_L1, Text::tr("holds"), contents.isSingleShape ? Text::tr("shape") : Text::tr("tree"));
     Surveyor surveyor;
     surveyor.survey(*contents.tree);
     surveyor.addTo(report);
     if (contents.bytesLeft > 0)
-        inspection.fail(ExitCode::Malformed, u"%1 bytes follow the %2"_s.arg(contents.bytesLeft)
-                                                 .arg(contents.isSingleShape ? u"shape"_s : u"tree"_s));
+        inspection.fail(
+            ExitCode::Malformed,
+            Text::counted(contents.isSingleShape
+                              ? QT_TRANSLATE_N_NOOP("Text", "%n byte(s) (follows|follow) the shape")
+                              : QT_TRANSLATE_N_NOOP("Text", "%n byte(s) (follows|follow) the tree"),
+                          nullptr, contents.bytesLeft));
 }
 
 } // namespace
 
-Format const shapeTreeFormat = {"shapetree"_L1, "shape tree"_L1, "shapetree"_L1, recognise, inspect};
+Format const shapeTreeFormat = {"shapetree"_L1, QLatin1StringView(QT_TRANSLATE_NOOP("Text", "shape tree")),
+                                "shapetree"_L1, recognise, inspect};
 
 } // namespace tool

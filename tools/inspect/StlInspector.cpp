@@ -1,4 +1,5 @@
 #include "LibraryLog.h"
+#include "Text.h"
 #include "check/Checkers.h"
 #include "inspect/Formats.h"
 #include "inspect/MetadataRecord.h"
@@ -23,18 +24,18 @@ bool hasBinarySize(Source const& source)
 QString recognise(Source const& source)
 {
     if (stl::isReadAsText(source.head))
-        return u"by its first line, which starts with \"solid\""_s;
+        return Text::tr("by its first line, which starts with \"solid\"");
     if (hasBinarySize(source))
-        return u"by its size, which is that of the %1 facets it claims"_s.arg(
-            stl::claimedFacets(source.head));
+        return Text::counted("by its size, which is that of the %n facet(s) it claims", nullptr,
+                             stl::claimedFacets(source.head));
     return {};
 }
 
 void addCounts(Report& report, qint64 facets, qint64 vertices)
 {
-    Report& inFile = report.section("inFile"_L1, u"in the file"_s);
-    inFile.add("facets"_L1, u"facets"_s, facets);
-    inFile.add("vertices"_L1, u"vertices"_s, vertices);
+    Report& inFile = report.section("inFile"_L1, Text::tr("in the file"));
+    inFile.add("facets"_L1, Text::tr("facets"), facets);
+    inFile.add("vertices"_L1, Text::tr("vertices"), vertices);
 }
 
 // As a reader hands it out: coincident vertices merged, degenerate facets dropped.
@@ -43,16 +44,18 @@ bool addCleanedCounts(Report& report, QString const& path)
     LogCapture const log;
     STLReader reader(nullptr, false, path);
     bool const isRead = reader.read(std::atomic<bool>(false));
-    Report& cleaned = report.section("afterCleaning"_L1, u"after cleaning"_s);
-    cleaned.add("facets"_L1, u"facets"_s, isRead ? Value(reader.getMesh().getNumIndices() / 4) : Value());
-    cleaned.add("vertices"_L1, u"vertices"_s, isRead ? Value(reader.getMesh().getNumVertices()) : Value());
+    Report& cleaned = report.section("afterCleaning"_L1, Text::tr("after cleaning"));
+    cleaned.add("facets"_L1, Text::tr("facets"),
+                isRead ? Value(reader.getMesh().getNumIndices() / 4) : Value());
+    cleaned.add("vertices"_L1, Text::tr("vertices"),
+                isRead ? Value(reader.getMesh().getNumVertices()) : Value());
     return isRead;
 }
 
 void addTags(Report& report, stl::Contents const& contents)
 {
     Table table = stl::tagTable(contents);
-    QString const label = table.rows.empty() ? QString() : u"tags"_s;
+    QString const label = table.rows.empty() ? QString() : Text::tr("tags");
     report.add("tags"_L1, label, std::move(table));
 }
 
@@ -64,7 +67,7 @@ void addHeader(Report& report, QByteArray const& header)
         text = QString::fromLatin1(header.constData(),
                                    qsizetype(qstrnlen(header.constData(), size_t(header.size()))))
                    .trimmed();
-    report.add("header"_L1, text.isEmpty() ? QString() : u"header"_s, text);
+    report.add("header"_L1, text.isEmpty() ? QString() : Text::tr("header"), text);
     addMetadata(report, metadata);
 }
 
@@ -73,7 +76,8 @@ void failBinarySize(Source const& source, Inspection& inspection)
     if (source.size < stl::prefixBytes) {
         inspection.fail(
             ExitCode::Malformed,
-            u"expected a header of 80 bytes and a facet count of 4, found %1 bytes"_s.arg(source.size),
+            Text::counted("expected a header of 80 bytes and a facet count of 4, found %n byte(s)", nullptr,
+                          source.size),
             "stl-too-short"_L1);
         return;
     }
@@ -81,7 +85,8 @@ void failBinarySize(Source const& source, Inspection& inspection)
     qint64 const held = (source.size - stl::prefixBytes) / stl::facetBytes;
     inspection.fail(
         ExitCode::Malformed,
-        u"the header says %1 facets = %2 bytes, the file holds %3 bytes, room for %4 facets"_s.arg(claimed)
+        Text::tr("the header says %1 facets = %2 bytes, the file holds %3 bytes, room for %4 facets")
+            .arg(claimed)
             .arg(stl::fileBytes(claimed))
             .arg(source.size)
             .arg(held),
@@ -90,14 +95,14 @@ void failBinarySize(Source const& source, Inspection& inspection)
 
 void inspectBinary(Source const& source, Inspection& inspection)
 {
-    inspection.report.add("encoding"_L1, u"encoding"_s, "binary"_L1);
+    inspection.report.add("encoding"_L1, Text::tr("encoding"), "binary"_L1);
     if (!hasBinarySize(source)) {
         failBinarySize(source, inspection);
         return;
     }
     QFile file(source.path);
     if (!file.open(QIODevice::ReadOnly)) {
-        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString());
+        inspection.fail(ExitCode::ReadOrWriteFailed, Text::tr("cannot be opened: ") + file.errorString());
         return;
     }
     stl::Contents const contents = stl::contentsOf(file, stl::claimedFacets(source.head));
@@ -113,25 +118,27 @@ void failNoVertices(Source const& source, Inspection& inspection)
     if (hasBinarySize(source))
         inspection.fail(
             ExitCode::Unsupported,
-            u"a binary STL of %1 facets whose header begins with \"solid\": such a file is read as "
-            "text, and as text it holds no vertices"_s.arg(stl::claimedFacets(source.head)),
+            Text::counted("a binary STL of %n facet(s) whose header begins with \"solid\": such a file is "
+                          "read as text, and as text it holds no vertices",
+                          nullptr, stl::claimedFacets(source.head)),
             "stl-says-solid"_L1);
     else if (source.head.contains('\0'))
         inspection.fail(ExitCode::Malformed,
-                        u"begins with \"solid\" as text does, but holds binary data whose size is "
-                        "not that of the facets it claims"_s,
+                        Text::tr("begins with \"solid\" as text does, but holds binary data whose size is "
+                                 "not that of the facets it claims"),
                         "stl-damaged-solid"_L1);
     else
-        inspection.fail(ExitCode::Malformed, u"expected lines that begin with \"vertex\", found none"_s,
+        inspection.fail(ExitCode::Malformed,
+                        Text::tr("expected lines that begin with \"vertex\", found none"),
                         "stl-no-vertex"_L1);
 }
 
 void inspectText(Source const& source, Inspection& inspection)
 {
-    inspection.report.add("encoding"_L1, u"encoding"_s, "ascii"_L1);
+    inspection.report.add("encoding"_L1, Text::tr("encoding"), "ascii"_L1);
     QFile file(source.path);
     if (!file.open(QIODevice::ReadOnly)) {
-        inspection.fail(ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString());
+        inspection.fail(ExitCode::ReadOrWriteFailed, Text::tr("cannot be opened: ") + file.errorString());
         return;
     }
     stl::TextContents const contents = stl::textContentsOf(file);
@@ -141,7 +148,7 @@ void inspectText(Source const& source, Inspection& inspection)
     else if (contents.vertices == 0)
         failNoVertices(source, inspection);
     else if (!addCleanedCounts(inspection.report, source.path))
-        inspection.fail(ExitCode::Malformed, u"no facet has three different corners"_s,
+        inspection.fail(ExitCode::Malformed, Text::tr("no facet has three different corners"),
                         "stl-all-degenerate"_L1);
     contents.bounds.addTo(inspection.report);
 }
@@ -159,10 +166,10 @@ void inspect(Source const& source, Inspection& inspection)
 Table stl::tagTable(Contents const& contents)
 {
     Table table;
-    table.columns = {{"tag"_L1, u"tag"_s},
-                     {"subTag"_L1, u"subTag"_s},
-                     {"facets"_L1, u"facets"_s},
-                     {"area"_L1, u"area (mm²)"_s}};
+    table.columns = {{"tag"_L1, Text::tr("tag")},
+                     {"subTag"_L1, Text::tr("subTag")},
+                     {"facets"_L1, Text::tr("facets")},
+                     {"area"_L1, Text::tr("area (mm²)")}};
     for (auto const& [tag, tagged] : contents.tags)
         table.rows.push_back({tag.tag, tag.subTag, tagged.facets, tagged.area});
     return table;

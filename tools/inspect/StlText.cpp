@@ -1,5 +1,7 @@
 #include "inspect/StlText.h"
 
+#include "Text.h"
+
 #include <QTextStream>
 
 #include <optional>
@@ -31,8 +33,8 @@ std::optional<QVector3D> vertexIn(QString const& line)
 QString badVertex(qint64 lineNumber, QString const& line)
 {
     QString const shown = line.trimmed().left(shownCharacters).replace(u'\t', "\\t"_L1);
-    return u"line %1: expected \"vertex\" and three numbers with spaces between, found \"%2\""_s.arg(
-        QString::number(lineNumber), shown);
+    return Text::tr("line %1: expected \"vertex\" and three numbers with spaces between, found \"%2\"")
+        .arg(QString::number(lineNumber), shown);
 }
 
 } // namespace
@@ -64,9 +66,10 @@ TextContents textContentsOf(QIODevice& device)
     if (contents.vertices % 3 == 0)
         return contents;
     contents.problemCode = "stl-vertex-count"_L1;
-    contents.problem = u"expected three vertices for each facet, found %1 vertices, the last in line %2"_s
-                           .arg(contents.vertices)
-                           .arg(contents.lastVertexLine);
+    contents.problem =
+        Text::tr("expected three vertices for each facet, found %1 vertices, the last in line %2")
+            .arg(contents.vertices)
+            .arg(contents.lastVertexLine);
     return contents;
 }
 

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "check/Checkers.h"
 #include "inspect/Bounds.h"
 #include "inspect/Formats.h"
@@ -18,17 +19,17 @@ QString recogniseMesh(Source const& source)
 {
     static QRegularExpression const pattern(u"^[^\n]*# Labeled[^\n]*\n\\d+ \\d+ \\d+ \\d+\r?(\n|$)"_s);
     if (pattern.match(QString::fromLatin1(source.head)).hasMatch())
-        return u"by its first line, which holds \"# Labeled\", and the four counts in its second"_s;
+        return Text::tr("by its first line, which holds \"# Labeled\", and the four counts in its second");
     return {};
 }
 
 void addCounts(Report& report, MTModelVMesh const& mesh)
 {
-    Report& inFile = report.section("inFile"_L1, u"in the file"_s);
-    inFile.add("tetrahedra"_L1, u"tetrahedra"_s, mesh.numTetrahedra);
-    inFile.add("faces"_L1, u"face rows"_s, mesh.numFaces);
-    inFile.add("boundFaces"_L1, u"bound-face rows"_s, mesh.numBoundFaces);
-    inFile.add("points"_L1, u"points"_s, mesh.numPoints);
+    Report& inFile = report.section("inFile"_L1, Text::tr("in the file"));
+    inFile.add("tetrahedra"_L1, Text::tr("tetrahedra"), mesh.numTetrahedra);
+    inFile.add("faces"_L1, Text::tr("face rows"), mesh.numFaces);
+    inFile.add("boundFaces"_L1, Text::tr("bound-face rows"), mesh.numBoundFaces);
+    inFile.add("points"_L1, Text::tr("points"), mesh.numPoints);
 }
 
 void addBounds(Report& report, MTModelVMesh const& mesh)
@@ -42,30 +43,30 @@ void addBounds(Report& report, MTModelVMesh const& mesh)
 
 void addTetrahedra(Report& report, VolumeFindings const& findings)
 {
-    Report& section = report.section("tetrahedra"_L1, u"tetrahedra"_s);
-    section.add("incomplete"_L1, u"with unknown points"_s, findings.incomplete);
-    section.add("flat"_L1, u"flat"_s, findings.flat);
-    section.add("inverted"_L1, u"inverted"_s, findings.inverted);
+    Report& section = report.section("tetrahedra"_L1, Text::tr("tetrahedra"));
+    section.add("incomplete"_L1, Text::tr("with unknown points"), findings.incomplete);
+    section.add("flat"_L1, Text::tr("flat"), findings.flat);
+    section.add("inverted"_L1, Text::tr("inverted"), findings.inverted);
 }
 
 void addBoundary(Report& report, MTModelVMesh const& mesh)
 {
     BoundaryFindings const boundary = boundaryFindingsOf(mesh);
-    Report& section = report.section("boundary"_L1, u"boundary"_s);
-    section.add("points"_L1, u"points"_s, boundary.points);
-    section.add("edges"_L1, u"edges"_s, boundary.edges);
-    section.add("faces"_L1, u"faces"_s, boundary.faces);
-    section.add("eulerCharacteristic"_L1, u"Euler characteristic"_s, boundary.eulerCharacteristic());
-    section.add("openEdges"_L1, u"open edges"_s, boundary.openEdges);
+    Report& section = report.section("boundary"_L1, Text::tr("boundary"));
+    section.add("points"_L1, Text::tr("points"), boundary.points);
+    section.add("edges"_L1, Text::tr("edges"), boundary.edges);
+    section.add("faces"_L1, Text::tr("faces"), boundary.faces);
+    section.add("eulerCharacteristic"_L1, Text::tr("Euler characteristic"), boundary.eulerCharacteristic());
+    section.add("openEdges"_L1, Text::tr("open edges"), boundary.openEdges);
 }
 
 void addBadReferences(Report& report, VolumeFindings const& findings)
 {
     Table table;
-    table.columns = {{"line"_L1, u"line"_s}, {"problem"_L1, u"problem"_s}};
+    table.columns = {{"line"_L1, Text::tr("line")}, {"problem"_L1, Text::tr("problem")}};
     for (BadReference const& reference : findings.badReferences)
         table.rows.push_back({reference.line, reference.sentence});
-    QString const label = table.rows.empty() ? QString() : u"bad references"_s;
+    QString const label = table.rows.empty() ? QString() : Text::tr("bad references");
     report.add("badReferenceCount"_L1, label, findings.badReferenceCount);
     report.add("badReferences"_L1, label, std::move(table));
 }
@@ -85,14 +86,15 @@ void inspectMesh(Source const& source, Inspection& inspection)
     if (findings.badReferenceCount == 0)
         addBoundary(inspection.report, file.mesh);
     else
-        inspection.fail(ExitCode::Malformed, u"line %1: %2"_s.arg(findings.badReferences.front().line)
+        inspection.fail(ExitCode::Malformed, Text::tr("line %1: %2")
+                                                 .arg(findings.badReferences.front().line)
                                                  .arg(findings.badReferences.front().sentence));
 }
 
 QString recogniseConditions(Source const& source)
 {
     if (QByteArrayView(source.head).startsWith(conditionsHeader))
-        return u"by its first line, which is \"FemBoundaryConditions\""_s;
+        return Text::tr("by its first line, which is \"FemBoundaryConditions\"");
     return {};
 }
 
@@ -103,15 +105,20 @@ void inspectConditions(Source const& source, Inspection& inspection)
         inspection.fail(ExitCode::Malformed, file.problem);
         return;
     }
-    Report& inFile = inspection.report.section("inFile"_L1, u"in the file"_s);
-    inFile.add("conditions"_L1, u"conditions"_s, file.conditions.numBoundaryConditions);
+    Report& inFile = inspection.report.section("inFile"_L1, Text::tr("in the file"));
+    inFile.add("conditions"_L1, Text::tr("conditions"), file.conditions.numBoundaryConditions);
 }
 
 } // namespace
 
-Format const volumeFormat = {"vmesh"_L1,    "volume mesh"_L1, "vmesh"_L1,
-                             recogniseMesh, inspectMesh,      checkVolume};
-Format const conditionsFormat = {"conditions"_L1,     "boundary conditions"_L1, ""_L1,
-                                 recogniseConditions, inspectConditions,        checkConditions};
+Format const volumeFormat = {"vmesh"_L1,  QLatin1StringView(QT_TRANSLATE_NOOP("Text", "volume mesh")),
+                             "vmesh"_L1,  recogniseMesh,
+                             inspectMesh, checkVolume};
+Format const conditionsFormat = {"conditions"_L1,
+                                 QLatin1StringView(QT_TRANSLATE_NOOP("Text", "boundary conditions")),
+                                 ""_L1,
+                                 recogniseConditions,
+                                 inspectConditions,
+                                 checkConditions};
 
 } // namespace tool

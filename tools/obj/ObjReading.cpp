@@ -1,6 +1,7 @@
 #include "obj/ObjReading.h"
 
 #include "LibraryLog.h"
+#include "Text.h"
 #include "inspect/Format.h"
 
 #include <QFile>
@@ -32,29 +33,33 @@ Verdict unsupported(QLatin1StringView code, QString const& sentence)
 
 QString atLine(qint64 line)
 {
-    return u"line %1: "_s.arg(line);
+    return Text::tr("line %1: ").arg(line);
 }
 
+constexpr char const* suchFaces = QT_TRANSLATE_N_NOOP("Text", " (%n such face(s))");
+constexpr char const* suchLines = QT_TRANSLATE_N_NOOP("Text", " (%n such line(s))");
+constexpr char const* suchCorners = QT_TRANSLATE_N_NOOP("Text", " (%n such corner(s))");
+
 // "line 3: a face of 4 corners; only triangles are read (17 such faces)"
-QString first(Occurrence const& found, QString const& sentence, QString const& things)
+QString first(Occurrence const& found, QString const& sentence, char const* allOfThem)
 {
-    QString const more =
-        found.count > 1 ? u" (%1 such %2)"_s.arg(QString::number(found.count), things) : QString();
+    QString const more = found.count > 1 ? Text::counted(allOfThem, nullptr, found.count) : QString();
     return atLine(found.firstLine) + sentence + more;
 }
 
 Verdict judgeQuads(Reading const& reading)
 {
-    return unsupported("obj-quads"_L1, first(reading.text.quads,
-                                             u"a face of 4 corners; only triangles are read"_s, u"faces"_s));
+    return unsupported(
+        "obj-quads"_L1,
+        first(reading.text.quads, Text::tr("a face of 4 corners; only triangles are read"), suchFaces));
 }
 
 Verdict judgeNumbers(Reading const& reading)
 {
     return malformed("obj-short-line"_L1,
                      first(reading.text.shortLines,
-                           u"too few numbers: expected 3 behind \"v\" and \"vn\", 2 behind \"vt\""_s,
-                           u"lines"_s));
+                           Text::tr("too few numbers: expected 3 behind \"v\" and \"vn\", 2 behind \"vt\""),
+                           suchLines));
 }
 
 struct List
@@ -73,11 +78,12 @@ Verdict judgeRanges(ObjText const& text)
         if (list.use.largest > list.length)
             return malformed("obj-index-outside"_L1,
                              atLine(list.use.lineOfLargest) +
-                                 u"a face asks for \"%1\" number %2, the file has %3"_s.arg(list.name)
+                                 Text::tr("a face asks for \"%1\" number %2, the file has %3")
+                                     .arg(list.name)
                                      .arg(list.use.largest)
                                      .arg(list.length));
     }
-    return malformed("obj-bad-index"_L1, u"a face asks for a vertex that is not there"_s);
+    return malformed("obj-bad-index"_L1, Text::tr("a face asks for a vertex that is not there"));
 }
 
 // The lines that end the reading go first: it never came to the others.
@@ -86,17 +92,17 @@ Verdict judgeIndices(Reading const& reading)
     ObjText const& text = reading.text;
     if (text.shortFaces)
         return malformed("obj-short-face"_L1,
-                         first(text.shortFaces, u"a face of fewer than 3 corners"_s, u"faces"_s));
+                         first(text.shortFaces, Text::tr("a face of fewer than 3 corners"), suchFaces));
     if (text.badIndices)
         return malformed("obj-bad-index"_L1,
                          first(text.badIndices,
-                               u"expected an index from 1 on as first number of each corner"_s,
-                               u"corners"_s));
+                               Text::tr("expected an index from 1 on as first number of each corner"),
+                               suchCorners));
     if (text.relative)
         return unsupported("obj-relative-indices"_L1,
                            first(text.relative,
-                                 u"a face with relative (negative) indices; these are not read"_s,
-                                 u"faces"_s));
+                                 Text::tr("a face with relative (negative) indices; these are not read"),
+                                 suchFaces));
     return judgeRanges(text);
 }
 
@@ -104,24 +110,24 @@ Verdict judgeLibraries(Reading const& reading)
 {
     return unsupported("obj-several-libraries"_L1,
                        atLine(reading.tree.lineOfSeveral) +
-                           u"names several material libraries that exist; one is read"_s);
+                           Text::tr("names several material libraries that exist; one is read"));
 }
 
 Verdict judgeMapping(Reading const&)
 {
     return unsupported("obj-partial-mapping"_L1,
-                       u"some corners of faces have a texture coordinate and others have none"_s);
+                       Text::tr("some corners of faces have a texture coordinate and others have none"));
 }
 
 Verdict judgeAtlas(Reading const&)
 {
     return unsupported("obj-atlas"_L1,
-                       u"its textures do not fit into one atlas of at most 8192 x 8192 pixels"_s);
+                       Text::tr("its textures do not fit into one atlas of at most 8192 x 8192 pixels"));
 }
 
 Verdict judgeContent(Reading const&)
 {
-    return malformed("obj-no-vertices"_L1, u"expected vertices, found none"_s);
+    return malformed("obj-no-vertices"_L1, Text::tr("expected vertices, found none"));
 }
 
 struct Row
@@ -173,7 +179,8 @@ void judge(Reading const& reading, Inspection& inspection)
         Verdict const verdict = row.judge(reading);
         return inspection.fail(verdict.code, verdict.sentence, verdict.problemCode);
     }
-    inspection.fail(ExitCode::ReadOrWriteFailed, u"could not be read: "_s + conversions::toString(error));
+    inspection.fail(ExitCode::ReadOrWriteFailed,
+                    Text::tr("could not be read: ") + conversions::toString(error));
 }
 
 } // namespace tool::obj

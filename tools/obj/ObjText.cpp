@@ -1,5 +1,6 @@
 #include "obj/ObjText.h"
 
+#include "Text.h"
 #include "obj/TextLines.h"
 
 #include <QIODevice>
@@ -260,7 +261,8 @@ private:
 
 QLatin1StringView nameOf(CornerStyle style)
 {
-    static constexpr std::array names = {"v"_L1, "v/vt"_L1, "v//vn"_L1, "v/vt/vn"_L1, "mixed"_L1};
+    static constexpr std::array names = {"v"_L1, "v/vt"_L1, "v//vn"_L1, "v/vt/vn"_L1,
+                                         QLatin1StringView(QT_TRANSLATE_NOOP("Text", "mixed"))};
     return names[static_cast<std::size_t>(style)];
 }
 

@@ -1,5 +1,7 @@
 #include "output/OutputFile.h"
 
+#include "Text.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -28,7 +30,7 @@ QString store([[maybe_unused]] QString const& path)
     if (file != -1)
         ::close(file);
     if (!isStored)
-        return u"the file could not be stored: "_s + reason;
+        return Text::tr("the file could not be stored: ") + reason;
 #endif
     return {};
 }
@@ -40,8 +42,9 @@ QString sizeProblem(QString const& path, qint64 expectedBytes)
     if (expectedBytes < 0 ? size > 0 : size == expectedBytes)
         return {};
     if (expectedBytes < 0)
-        return u"nothing was written; is the disk full?"_s;
-    return u"expected to write %1 bytes, found %2 in the file; is the disk full?"_s.arg(expectedBytes)
+        return Text::tr("nothing was written; is the disk full?");
+    return Text::tr("expected to write %1 bytes, found %2 in the file; is the disk full?")
+        .arg(expectedBytes)
         .arg(size);
 }
 
@@ -49,7 +52,8 @@ QString replace(QString const& from, QString const& to)
 {
     std::error_code error;
     std::filesystem::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(), error);
-    return error ? u"the file could not be moved into place: "_s + QString::fromStdString(error.message())
+    return error ? Text::tr("the file could not be moved into place: ") +
+                       QString::fromStdString(error.message())
                  : QString();
 }
 
@@ -68,13 +72,13 @@ QString OutputFile::targetProblem(bool mayReplace_) const
 {
     QFileInfo const file(target);
     if (file.isSymLink() && !file.exists())
-        return u"is a link to a file that does not exist"_s;
+        return Text::tr("is a link to a file that does not exist");
     if (file.isDir())
-        return u"is a folder"_s;
+        return Text::tr("is a folder");
     if (file.exists() && !file.isFile())
-        return u"is a pipe, socket or device, and is not replaced"_s;
+        return Text::tr("is a pipe, socket or device, and is not replaced");
     if (file.exists() && !mayReplace_)
-        return u"exists already; --force replaces it"_s;
+        return Text::tr("exists already; --force replaces it");
     return {};
 }
 
@@ -86,11 +90,11 @@ QString OutputFile::open(bool mayReplace_)
     QFileInfo const file(target);
     QString const parent = file.absolutePath();
     if (!QFileInfo(parent).isDir())
-        return u"the folder \"%1\" does not exist"_s.arg(parent);
+        return Text::tr("the folder \"%1\" does not exist").arg(parent);
     deferral.emplace();
     folder.emplace(parent + "/.surfaceio-XXXXXX"_L1);
     if (!folder->isValid())
-        return u"the folder \"%1\" cannot be written to: %2"_s.arg(parent, folder->errorString());
+        return Text::tr("the folder \"%1\" cannot be written to: %2").arg(parent, folder->errorString());
     return {};
 }
 
@@ -109,7 +113,7 @@ QString OutputFile::check(qint64 expectedBytes) const
     if (problem.isEmpty())
         problem = targetProblem(mayReplace);
     if (problem.isEmpty() && Interrupt::flag())
-        problem = u"interrupted; nothing was written"_s;
+        problem = Text::tr("interrupted; nothing was written");
     return problem;
 }
 

@@ -1,5 +1,6 @@
 #include "tags/FacetFile.h"
 
+#include "Text.h"
 #include "tags/TaggedFile.h"
 
 #include <QtEndian>
@@ -39,7 +40,7 @@ Problem FacetFile::open(QByteArray const& header, bool mayReplace)
         return {ExitCode::ReadOrWriteFailed, problem};
     file.setFileName(output.temporaryPath());
     if (!file.open(QIODevice::WriteOnly))
-        return {ExitCode::ReadOrWriteFailed, u"cannot be written: "_s + file.errorString()};
+        return {ExitCode::ReadOrWriteFailed, Text::tr("cannot be written: ") + file.errorString()};
     hasFailed = file.write(header + countBytes(0)) != stl::prefixBytes;
     return {};
 }
@@ -56,12 +57,13 @@ Problem FacetFile::finish()
 {
     if (facetCount > std::numeric_limits<quint32>::max())
         return {ExitCode::ReadOrWriteFailed,
-                u"%1 facets are more than an STL file can count"_s.arg(facetCount)};
+                Text::counted("%n facet(s) (is|are) more than an STL file can count", nullptr, facetCount)};
     bool const isWritten =
         !hasFailed && file.seek(stl::headerBytes) && file.write(countBytes(facetCount)) == 4 && file.flush();
     QString const reason = file.errorString();
     file.close();
-    return isWritten ? Problem() : Problem{ExitCode::ReadOrWriteFailed, u"could not be written: "_s + reason};
+    return isWritten ? Problem()
+                     : Problem{ExitCode::ReadOrWriteFailed, Text::tr("could not be written: ") + reason};
 }
 
 Problem FacetFile::check() const

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "tags/FacetFile.h"
 #include "tags/TagWork.h"
 
@@ -22,8 +23,9 @@ Problem rulesFrom(QStringList const& texts, std::vector<CountedRule>& rules)
         std::optional<Rule> const rule = ruleFrom(text);
         if (!rule)
             return {ExitCode::Usage,
-                    u"\"%1\": expected a rule such as 3=31, 4/1=32/0 or *=1; tags go from 0 to "
-                    "255, subTags from -128 to 127"_s.arg(text)};
+                    Text::tr("\"%1\": expected a rule such as 3=31, 4/1=32/0 or *=1; tags go from 0 to "
+                             "255, subTags from -128 to 127")
+                        .arg(text)};
         rules.push_back({text, *rule});
     }
     return {};
@@ -63,7 +65,7 @@ ExitCode relabel(RelabelOptions const& options, Console& console)
         problem = target.commit();
     for (CountedRule const& rule : rules) {
         if (!problem && rule.facets == 0)
-            console.warning(u"%1: no facet for the rule %2"_s.arg(options.in, rule.text));
+            console.warning(Text::tr("%1: no facet for the rule %2").arg(options.in, rule.text));
     }
     return reported(problem, options.out, console);
 }

@@ -1,4 +1,5 @@
 #include "Report.h"
+#include "Text.h"
 #include "tags/FacetFile.h"
 #include "tags/TagWork.h"
 
@@ -86,7 +87,7 @@ Problem patternProblem(QString const& pattern)
 {
     if (pattern.endsWith(".stl"_L1, Qt::CaseInsensitive) && !pattern.contains(u'/'))
         return {};
-    return {ExitCode::Usage, u"expected a file name that ends with .stl"_s};
+    return {ExitCode::Usage, Text::tr("expected a file name that ends with .stl")};
 }
 
 } // namespace

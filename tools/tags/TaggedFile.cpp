@@ -1,5 +1,6 @@
 #include "tags/TaggedFile.h"
 
+#include "Text.h"
 #include "inspect/Format.h"
 #include "inspect/StlText.h"
 
@@ -50,14 +51,14 @@ Problem TaggedFile::open(QString const& path)
         return {ExitCode::ReadOrWriteFailed, problem};
     file.setFileName(path);
     if (!file.open(QIODevice::ReadOnly))
-        return {ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString()};
+        return {ExitCode::ReadOrWriteFailed, Text::tr("cannot be opened: ") + file.errorString()};
     QByteArray const head = file.peek(Source::headBytes);
     facetCount = stl::claimedFacets(head);
     if (stl::isReadAsText(head))
-        return {ExitCode::Unsupported, u"is read as ASCII STL, which has no tags"_s};
+        return {ExitCode::Unsupported, Text::tr("is read as ASCII STL, which has no tags")};
     if (head.size() < stl::prefixBytes || file.size() != stl::fileBytes(facetCount))
         return {ExitCode::Malformed,
-                u"expected a binary STL of %1 facets = %2 bytes, as its header says, found %3 bytes"_s
+                Text::tr("expected a binary STL of %1 facets = %2 bytes, as its header says, found %3 bytes")
                     .arg(facetCount)
                     .arg(stl::fileBytes(facetCount))
                     .arg(file.size())};
@@ -71,8 +72,9 @@ Problem TaggedFile::forEach(std::function<void(QByteArrayView, stl::FacetTag)> c
         file, facetCount, [&visit](stl::FacetRecord const& facet) { visit(facet.record(), facet.tag()); });
     if (seen == facetCount)
         return {};
-    return {ExitCode::ReadOrWriteFailed,
-            u"expected %1 facets, could read %2: %3"_s.arg(facetCount).arg(seen).arg(file.errorString())};
+    return {
+        ExitCode::ReadOrWriteFailed,
+        Text::tr("expected %1 facets, could read %2: %3").arg(facetCount).arg(seen).arg(file.errorString())};
 }
 
 bool Rule::appliesTo(stl::FacetTag const& tag) const

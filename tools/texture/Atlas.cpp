@@ -1,6 +1,7 @@
 #include "texture/Atlas.h"
 
 #include "Problem.h"
+#include "Text.h"
 #include "convert/Suffixes.h"
 #include "output/BytesFile.h"
 #include "texture/Png.h"
@@ -25,7 +26,7 @@ Problem failed(QString const& sentence)
 Problem open(BytesFile& file, QLatin1StringView suffix, bool mayReplace)
 {
     if (!hasSuffix(file.path, suffix))
-        return {ExitCode::Usage, u"expected the suffix .%1"_s.arg(QString(suffix))};
+        return {ExitCode::Usage, Text::tr("expected the suffix .%1").arg(QString(suffix))};
     return failed(file.open(mayReplace));
 }
 
@@ -41,15 +42,17 @@ ExitCode read(AtlasOptions const& options, TexturedScan& scan, Console& console)
         return reported(problem, problem.code == ExitCode::Interrupted ? options.image : options.in, console);
     for (QString const& message : scan.log)
         qWarning().noquote() << message;
-    console.note(
-        u"%1: %2 x %3 pixels"_s.arg(options.image).arg(scan.texture.width()).arg(scan.texture.height()));
+    console.note(Text::tr("%1: %2 x %3 pixels")
+                     .arg(options.image)
+                     .arg(scan.texture.width())
+                     .arg(scan.texture.height()));
     return ExitCode::Ok;
 }
 
 Problem writeImage(BytesFile& file, TexturedScan const& scan)
 {
     QByteArray const bytes = pngOf(scan.texture);
-    return bytes.isEmpty() ? failed(u"could not be written"_s) : failed(file.write(bytes));
+    return bytes.isEmpty() ? failed(Text::tr("could not be written")) : failed(file.write(bytes));
 }
 
 ExitCode writeImageOnly(AtlasOptions const& options, Console& console)

@@ -1,5 +1,6 @@
 #include "texture/TexturedPly.h"
 
+#include "Text.h"
 #include "inhouse/data/Unstrip.h"
 
 #include <QDataStream>
@@ -63,7 +64,8 @@ QString textureNameProblem(QString const& name)
     bool const isKept = name.split(u' ', Qt::SkipEmptyParts).join(u' ') == name && name.trimmed() == name;
     if (isKept && !hasControl)
         return {};
-    return u"a PLY header cannot name an image \"%1\": spaces in a row, at an end, and control letters get lost"_s
+    return Text::tr("a PLY header cannot name an image \"%1\": spaces in a row, at an end, and control "
+                    "letters get lost")
         .arg(name);
 }
 

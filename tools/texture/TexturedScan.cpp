@@ -1,6 +1,7 @@
 #include "texture/TexturedScan.h"
 
 #include "LibraryLog.h"
+#include "Text.h"
 #include "check/NearestName.h"
 #include "convert/Suffixes.h"
 #include "inspect/Format.h"
@@ -27,17 +28,18 @@ QString folderOf(QString const& path)
 QString imageProblem(ImageFile const& image, QString const& name, QString const& scanPath)
 {
     if (!image.isFound)
-        return u"the image \"%1\" does not exist"_s.arg(name) +
+        return Text::tr("the image \"%1\" does not exist").arg(name) +
                nearestNameQuestion(obj::pathBeside(scanPath, name), folderOf(scanPath));
     if (!image.isImage())
-        return u"\"%1\" is no image that can be read"_s.arg(name);
+        return Text::tr("\"%1\" is no image that can be read").arg(name);
     return image.isOverLimit() ? image.limitProblem(name) : QString();
 }
 
 QString imageLineProblem(obj::ImageLine const& image, QString const& scanPath)
 {
     if (!image.image.isFound && !image.options.isEmpty())
-        return u"the image \"%1\" does not exist; the options in front of \"%2\" are taken as part of the name"_s
+        return Text::tr("the image \"%1\" does not exist; the options in front of \"%2\" are taken as part "
+                        "of the name")
             .arg(image.given, image.name);
     return imageProblem(image.image, image.given, scanPath);
 }
@@ -45,7 +47,7 @@ QString imageLineProblem(obj::ImageLine const& image, QString const& scanPath)
 // Why the library did not read a material library to its end.
 QString stopProblem(obj::MtlLibrary const& library, QString const& scanPath)
 {
-    QString problem = u"an image stands before the first \"newmtl\""_s;
+    QString problem = Text::tr("an image stands before the first \"newmtl\"");
     for (obj::MtlMaterial const& material : library.materials) {
         for (obj::ImageLine const& image : material.images) {
             if (QString const found = imageLineProblem(image, scanPath);
@@ -53,13 +55,13 @@ QString stopProblem(obj::MtlLibrary const& library, QString const& scanPath)
                 problem = found;
         }
     }
-    return u"%1, line %2: %3"_s.arg(library.name, QString::number(library.stopsAt), problem);
+    return Text::tr("%1, line %2: %3").arg(library.name, QString::number(library.stopsAt), problem);
 }
 
 QString libraryProblem(obj::MtlLibrary const& library, QString const& scanPath)
 {
     if (!library.isFound)
-        return u"the material library \"%1\" does not exist"_s.arg(library.name) +
+        return Text::tr("the material library \"%1\" does not exist").arg(library.name) +
                nearestNameQuestion(obj::pathBeside(scanPath, library.name), folderOf(scanPath));
     return library.stopsAt > 0 ? stopProblem(library, scanPath) : QString();
 }
@@ -85,11 +87,11 @@ QString objObstacle(QString const& path)
             return problem;
     }
     if (tree.libraries.empty())
-        return u"has no texture: it names no material library"_s;
+        return Text::tr("has no texture: it names no material library");
     if (!hasUsedImage(tree))
-        return u"has no texture: no material of its faces names an image"_s;
-    return text.textureCoordinates == 0 ? u"has no texture coordinates"_s
-                                        : u"its texture could not be read"_s;
+        return Text::tr("has no texture: no material of its faces names an image");
+    return text.textureCoordinates == 0 ? Text::tr("has no texture coordinates")
+                                        : Text::tr("its texture could not be read");
 }
 
 bool declares(ply::HeaderText const& header, QLatin1StringView use)
@@ -107,15 +109,15 @@ QString plyObstacle(QString const& path)
         return file.errorString();
     ply::HeaderText const header = ply::readHeaderText(file);
     if (header.textureName.isEmpty())
-        return u"has no texture: its header names none"_s;
+        return Text::tr("has no texture: its header names none");
     ImageFile const image = imageFileAt(obj::pathBeside(path, header.textureName));
     if (QString problem = imageProblem(image, header.textureName, path); !problem.isEmpty())
         return problem;
     if (!declares(header, "texture coordinate"_L1))
-        return u"has no texture coordinates"_s;
+        return Text::tr("has no texture coordinates");
     if (declares(header, "colour"_L1))
-        return u"has colours of its own; these go before its texture"_s;
-    return u"its texture could not be read"_s;
+        return Text::tr("has colours of its own; these go before its texture");
+    return Text::tr("its texture could not be read");
 }
 
 // `read` has the reader read the file, from a device: only that can be stopped.
@@ -157,7 +159,7 @@ Problem readTexturedScan(QString const& path, TexturedScan& scan)
 {
     bool const isObj = hasSuffix(path, "obj"_L1);
     if (!isObj && !hasSuffix(path, "ply"_L1))
-        return {ExitCode::Usage, u"expected one of the suffixes .obj, .ply"_s};
+        return {ExitCode::Usage, Text::tr("expected one of the suffixes .obj, .ply")};
     if (QString const problem = whyNotRegular(path); !problem.isEmpty())
         return {ExitCode::ReadOrWriteFailed, problem};
     if (read(path, isObj, scan))

@@ -1,4 +1,5 @@
 #include "Problem.h"
+#include "Text.h"
 #include "Verb.h"
 #include "convert/Conversion.h"
 #include "convert/Suffixes.h"
@@ -25,7 +26,7 @@ ExitCode run(Options const& options, Console& console)
     QString const in = QString::fromStdString(options.in);
     QString const out = QString::fromStdString(options.out);
     if (!hasSuffix(out, "ply"_L1))
-        return reported({ExitCode::Usage, u"expected the suffix .ply"_s}, out, console);
+        return reported({ExitCode::Usage, Text::tr("expected the suffix .ply")}, out, console);
     // Readers do without a texture that is not there. Here it is what the user came for.
     TexturedScan scan;
     if (Problem const problem = readTexturedScan(in, scan))
@@ -37,9 +38,9 @@ ExitCode run(Options const& options, Console& console)
 Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
-    app.add_option("IN", options->in, "Textured scan to read: .obj, .ply")->required();
-    app.add_option("OUT", options->out, "File to write, .ply")->required();
-    app.add_flag("--force", options->force, "Replace OUT when it exists");
+    app.add_option("IN", options->in, Text::utf8("Textured scan to read: .obj, .ply"))->required();
+    app.add_option("OUT", options->out, Text::utf8("File to write, .ply"))->required();
+    app.add_flag("--force", options->force, Text::utf8("Replace OUT when it exists"));
     addImageLimitOption(app);
     return [options](Console& console) { return run(*options, console); };
 }
@@ -48,7 +49,7 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const bakeVerb = {
     "bake",
-    "Turns the texture of a scan into colours of its vertices.",
+    QT_TRANSLATE_NOOP("Text", "Turns the texture of a scan into colours of its vertices."),
     "  surfaceio bake face.obj face.ply\n"
     "  surfaceio bake --force --image-limit 512 textured.ply coloured.ply",
     setUp,

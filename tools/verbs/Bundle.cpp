@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "Verb.h"
 #include "bundle/BundleWork.h"
 #include "verbs/Choices.h"
@@ -52,8 +53,9 @@ void addMaterialOption(CLI::App& packer, Options& options)
     for (QString const& name : bundle::materialNames())
         names.push_back(name.toStdString());
     packer
-        .add_option("--material", options.material,
-                    "How the meshes look: own (what a PLY file says), default, metal or distractor")
+        .add_option(
+            "--material", options.material,
+            Text::utf8("How the meshes look: own (what a PLY file says), default, metal or distractor"))
         ->check(oneOf(names))
         ->capture_default_str();
 }
@@ -62,23 +64,26 @@ Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
     SubVerbs verbs(app);
-    CLI::App& lister = verbs.add("list", "Shows which shapes load, which are skipped, and why.",
+    CLI::App& lister = verbs.add("list", Text::utf8("Shows which shapes load, which are skipped, and why."),
                                  [options](Console& console) { return list(*options, console); });
-    lister.add_option("DOCUMENT", options->document, "An associated-shapes document")->required();
-    lister.add_flag("--json", options->json, "Print JSON, schema surfaceio.bundle/1");
+    lister.add_option("DOCUMENT", options->document, Text::utf8("An associated-shapes document"))->required();
+    lister.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.bundle/1"));
 
-    CLI::App& packer = verbs.add("pack", "Writes the document that lists some meshes.",
+    CLI::App& packer = verbs.add("pack", Text::utf8("Writes the document that lists some meshes."),
                                  [options](Console& console) { return pack(*options, console); });
-    packer.add_option("DOCUMENT", options->document, "File to write")->required();
-    packer.add_option("MESH", options->meshes, "Files to list: .stl, .ply, .obj")->required();
+    packer.add_option("DOCUMENT", options->document, Text::utf8("File to write"))->required();
+    packer.add_option("MESH", options->meshes, Text::utf8("Files to list: .stl, .ply, .obj"))->required();
     addMaterialOption(packer, *options);
 
-    CLI::App& unpacker = verbs.add("unpack", "Writes each shape as a PLY file that carries its material.",
-                                   [options](Console& console) { return unpack(*options, console); });
-    unpacker.add_option("DOCUMENT", options->document, "An associated-shapes document")->required();
-    unpacker.add_option("FOLDER", options->folder, "Folder to write to; made when it is missing")->required();
+    CLI::App& unpacker =
+        verbs.add("unpack", Text::utf8("Writes each shape as a PLY file that carries its material."),
+                  [options](Console& console) { return unpack(*options, console); });
+    unpacker.add_option("DOCUMENT", options->document, Text::utf8("An associated-shapes document"))
+        ->required();
+    unpacker.add_option("FOLDER", options->folder, Text::utf8("Folder to write to; made when it is missing"))
+        ->required();
     for (CLI::App* const writer : {&packer, &unpacker})
-        writer->add_flag("--force", options->force, "Replace files that exist");
+        writer->add_flag("--force", options->force, Text::utf8("Replace files that exist"));
     return verbs.action();
 }
 
@@ -86,7 +91,8 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const bundleVerb = {
     "bundle",
-    "Lists, writes and takes apart the documents that pair mesh files with materials.",
+    QT_TRANSLATE_NOOP("Text",
+                      "Lists, writes and takes apart the documents that pair mesh files with materials."),
     "  surfaceio bundle pack case.xml upper.stl lower.ply\n"
     "  surfaceio bundle list case.xml",
     setUp,

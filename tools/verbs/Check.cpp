@@ -1,5 +1,6 @@
 #include "check/Check.h"
 
+#include "Text.h"
 #include "Verb.h"
 #include "images/ImageLimit.h"
 #include "verbs/Inputs.h"
@@ -20,18 +21,13 @@ struct Options
     bool json = false;
 };
 
-QString counted(qint64 count, QString const& noun)
-{
-    return u"%1 %2%3"_s.arg(QString::number(count), noun, count == 1 ? QString() : u"s"_s);
-}
-
 QString summaryOf(Findings const& findings)
 {
     QStringList parts;
-    for (Severity const severity : {Severity::Error, Severity::Warning}) {
-        if (qint64 const count = findings.count(severity); count > 0)
-            parts << counted(count, nameOf(severity));
-    }
+    if (qint64 const errors = findings.count(Severity::Error); errors > 0)
+        parts << Text::counted("%n error(s)", nullptr, errors);
+    if (qint64 const warnings = findings.count(Severity::Warning); warnings > 0)
+        parts << Text::counted("%n warning(s)", nullptr, warnings);
     return parts.join(u", "_s);
 }
 
@@ -39,12 +35,12 @@ QString textOf(QString const& path, Findings const& findings)
 {
     QString text;
     for (Finding const& finding : findings.all()) {
-        text += u"%1: %2: %3\n"_s.arg(path, nameOf(finding.kind->severity), finding.reason);
+        text += u"%1: %2: %3\n"_s.arg(path, Text::shown(nameOf(finding.kind->severity)), finding.reason);
         if (!finding.remedy.isEmpty())
             text += u"    "_s + finding.remedy + u'\n';
     }
     if (summaryOf(findings).isEmpty())
-        text += path + u": sound\n"_s;
+        text += path + Text::tr(": sound") + u'\n';
     return text;
 }
 
@@ -94,9 +90,9 @@ Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
     app.add_option("FILE", options->inputs,
-                   "Files and folders to check; conditions behind the volume mesh they are for")
+                   Text::utf8("Files and folders to check; conditions behind the volume mesh they are for"))
         ->required();
-    app.add_flag("--json", options->json, "Print JSON, schema surfaceio.check/1");
+    app.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.check/1"));
     addImageLimitOption(app);
     return [options](Console& console) { return run(*options, console); };
 }
@@ -105,7 +101,7 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const checkVerb = {
     "check",
-    "Finds out what is wrong with a file, and says what to do about it.",
+    QT_TRANSLATE_NOOP("Text", "Finds out what is wrong with a file, and says what to do about it."),
     "  surfaceio check --strict scans/\n"
     "  surfaceio check jaw.vmesh jaw.conditions",
     setUp,

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "Verb.h"
 #include "describe/Command.h"
 #include "verbs/Choices.h"
@@ -34,7 +35,9 @@ Verb::Action setUp(CLI::App& app)
     std::vector<std::string> names;
     for (Shell const& shell : shells)
         names.emplace_back(shell.name);
-    app.add_option("SHELL", *name, "The shell: bash, zsh or fish")->required()->check(oneOf(names));
+    app.add_option("SHELL", *name, Text::utf8("The shell: bash, zsh or fish"))
+        ->required()
+        ->check(oneOf(names));
     return [name, &program = *app.get_parent()](Console& console) { return run(program, *name, console); };
 }
 
@@ -50,7 +53,8 @@ Verb::Action setUpManual(CLI::App& app)
 
 Verb const completionVerb = {
     "completion",
-    "Prints a script that lets a shell complete the verbs, options and values of this program.",
+    QT_TRANSLATE_NOOP(
+        "Text", "Prints a script that lets a shell complete the verbs, options and values of this program."),
     "  surfaceio completion bash > ~/.local/share/bash-completion/completions/surfaceio\n"
     "  surfaceio completion fish > ~/.config/fish/completions/surfaceio.fish",
     setUp,
@@ -59,7 +63,7 @@ Verb const completionVerb = {
 // For the build, which installs what it prints.
 Verb const manualVerb = {
     "manual",
-    "Prints the manual page.",
+    QT_TRANSLATE_NOOP("Text", "Prints the manual page."),
     "  surfaceio manual > surfaceio.1\n  surfaceio manual | man -l -",
     setUpManual,
     true,

@@ -1,5 +1,6 @@
 #include "Problem.h"
 #include "Report.h"
+#include "Text.h"
 #include "Verb.h"
 #include "convert/Batch.h"
 #include "convert/Plan.h"
@@ -53,7 +54,7 @@ QDate dateOf(std::string const& text)
 
 std::string wrongDate(std::string const& text)
 {
-    return dateOf(text).isValid() ? "" : "expected yyyy-mm-dd";
+    return dateOf(text).isValid() ? "" : Text::utf8("expected yyyy-mm-dd");
 }
 
 Changes changesOf(Options const& options)
@@ -95,10 +96,10 @@ Problem problemOf(std::vector<Conversion> const& conversions, Options const& opt
 {
     if (conversions.empty())
         return {ExitCode::ReadOrWriteFailed,
-                u"found no files of the suffixes %1"_s.arg(suffixesOf(meshSources()))};
+                Text::tr("found no files of the suffixes %1").arg(suffixesOf(meshSources()))};
     QString const directory = QString::fromStdString(options.directory);
     if (QFileInfo const file(directory); !directory.isEmpty() && file.exists() && !file.isDir())
-        return {ExitCode::ReadOrWriteFailed, directory + u": expected a folder, found a file"_s};
+        return {ExitCode::ReadOrWriteFailed, directory + Text::tr(": expected a folder, found a file")};
     QStringList const collisions = collisionsOf(conversions);
     return collisions.isEmpty() ? Problem() : Problem{ExitCode::Usage, collisions.join(u"; "_s)};
 }
@@ -156,12 +157,14 @@ void summarise(std::vector<BatchResult> const& results, Console& console)
     using Status = BatchResult::Status;
     QString const all = QString::number(results.size());
     if (count(results, Status::Interrupted) > 0)
-        console.failure(
-            u"interrupted; %1 of %2 files were converted"_s.arg(count(results, Status::Converted)).arg(all));
+        console.failure(Text::tr("interrupted; %1 of %2 files were converted")
+                            .arg(count(results, Status::Converted))
+                            .arg(all));
     else if (results.size() > 1 && count(results, Status::Failed) > 0)
-        console.failure(u"%1 of %2 files failed"_s.arg(count(results, Status::Failed)).arg(all));
+        console.failure(Text::tr("%1 of %2 files failed").arg(count(results, Status::Failed)).arg(all));
     if (qint64 const skipped = count(results, Status::Skipped); skipped > 0)
-        console.failure(u"%1 of %2 files were not tried, as --fail-fast was given"_s.arg(skipped).arg(all));
+        console.failure(
+            Text::tr("%1 of %2 files were not tried, as --fail-fast was given").arg(skipped).arg(all));
 }
 
 ExitCode run(Options const& options, Console& console)
@@ -193,8 +196,10 @@ void checkFiles(Options const& options)
     if (options.files.size() == 1)
         throw CLI::RequiredError("OUT");
     if (options.files.size() > 2)
-        throw CLI::ValidationError("expected IN and OUT, or --to SUFFIX for several files; found " +
-                                   QString::number(options.files.size()).toStdString() + " files");
+        throw CLI::ValidationError(
+            Text::counted("expected IN and OUT, or --to SUFFIX for several files; found %n file(s)", nullptr,
+                          qint64(options.files.size()))
+                .toStdString());
 }
 
 void addBatchOptions(CLI::App& app, Options& options)
@@ -206,29 +211,32 @@ void addBatchOptions(CLI::App& app, Options& options)
     }
     CLI::Option* const to =
         app.add_option("--to", options.suffix,
-                       "Convert every FILE to this suffix: " + CLI::detail::join(suffixes))
+                       Text::utf8("Convert every FILE to this suffix: ") + CLI::detail::join(suffixes))
             ->type_name("SUFFIX")
             ->check(oneOf(suffixes));
     app.add_option("-d,--directory", options.directory,
-                   "With --to: where the files go; beside each when not given")
+                   Text::utf8("With --to: where the files go; beside each when not given"))
         ->type_name("FOLDER")
         ->needs(to);
-    app.add_option("-j,--jobs", options.jobs, "Files converted at a time; as many as there are processors")
+    app.add_option("-j,--jobs", options.jobs,
+                   Text::utf8("Files converted at a time; as many as there are processors"))
         ->type_name("N")
         ->check(CLI::Range(1, 1024).description(""));
-    app.add_flag("--dry-run", options.dryRun, "Only print what would be converted to what");
-    app.add_flag("--fail-fast", options.failFast, "Begin no other file after one failed");
+    app.add_flag("--dry-run", options.dryRun, Text::utf8("Only print what would be converted to what"));
+    app.add_flag("--fail-fast", options.failFast, Text::utf8("Begin no other file after one failed"));
     app.add_flag("--json", options.json,
-                 "Print what became of each file as JSON, schema surfaceio.convert/1");
+                 Text::utf8("Print what became of each file as JSON, schema surfaceio.convert/1"));
 }
 
 void addScanOptions(CLI::App& app, Options& options)
 {
-    app.add_option("--scanner-name", options.scannerName, "Scan metadata: the scanner's name");
-    app.add_option("--scanner-serial", options.scannerSerial, "Scan metadata: its serial number");
-    app.add_flag("--imported", options.imported, "Scan metadata: the scan came in from outside");
-    app.add_option("--software-version", options.softwareVersion, "Scan metadata: version of its software");
-    app.add_option("--acquired", options.acquired, "Scan metadata: date of acquisition, yyyy-mm-dd")
+    app.add_option("--scanner-name", options.scannerName, Text::utf8("Scan metadata: the scanner's name"));
+    app.add_option("--scanner-serial", options.scannerSerial, Text::utf8("Scan metadata: its serial number"));
+    app.add_flag("--imported", options.imported, Text::utf8("Scan metadata: the scan came in from outside"));
+    app.add_option("--software-version", options.softwareVersion,
+                   Text::utf8("Scan metadata: version of its software"));
+    app.add_option("--acquired", options.acquired,
+                   Text::utf8("Scan metadata: date of acquisition, yyyy-mm-dd"))
         ->check(wrongDate, "");
 }
 
@@ -236,16 +244,18 @@ Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
     app.add_option("FILE", options->files,
-                   "IN and OUT; with --to any number of files, folders and quoted patterns. Read are " +
-                       suffixesOf(meshSources()).toStdString() + ", written " +
-                       suffixesOf(meshTargets()).toStdString());
-    app.add_flag("--force", options->force, "Replace files that exist");
+                   Text::tr("IN and OUT; with --to any number of files, folders and quoted patterns. "
+                            "Read are %1, written %2")
+                       .arg(suffixesOf(meshSources()), suffixesOf(meshTargets()))
+                       .toStdString());
+    app.add_flag("--force", options->force, Text::utf8("Replace files that exist"));
     addBatchOptions(app, *options);
-    app.add_flag("--alpha", options->alpha, "PLY: write the alpha of colours");
-    app.add_option("--material", options->material, "PLY: write a material, metal or distractor")
+    app.add_flag("--alpha", options->alpha, Text::utf8("PLY: write the alpha of colours"));
+    app.add_option("--material", options->material, Text::utf8("PLY: write a material, metal or distractor"))
         ->check(oneOf({"metal", "distractor"}));
-    app.add_option("--texture", options->texture,
-                   "OBJ, PLY: what becomes of a texture; bake makes it colours, none leaves it out")
+    app.add_option(
+           "--texture", options->texture,
+           Text::utf8("OBJ, PLY: what becomes of a texture; bake makes it colours, none leaves it out"))
         ->check(oneOf({"bake", "none"}))
         ->capture_default_str();
     addScanOptions(app, *options);
@@ -258,7 +268,7 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const convertVerb = {
     "convert",
-    "Writes meshes as files of another kind; the suffixes say which.",
+    QT_TRANSLATE_NOOP("Text", "Writes meshes as files of another kind; the suffixes say which."),
     "  surfaceio convert scan.stl scan.ply --material metal --acquired 2024-05-17\n"
     "  surfaceio convert scans/ 'more/*.stl' --to ply -d converted/",
     setUp,

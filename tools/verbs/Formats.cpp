@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "Verb.h"
 #include "convert/MeshFile.h"
 #include "convert/Suffixes.h"
@@ -28,7 +29,7 @@ BySuffix abilities()
     BySuffix all;
     for (Format const& format : formats()) {
         for (QString const& suffix : split(format.suffixes))
-            all[suffix] = {QString(format.title), true};
+            all[suffix] = {Text::shown(format.title), true};
     }
     for (MeshSource const& source : meshSources()) {
         for (QString const& suffix : split(source.suffixes))
@@ -38,7 +39,7 @@ BySuffix abilities()
         for (QString const& suffix : split(target.suffixes)) {
             all[suffix].isWritten = true;
             if (all[suffix].title.isEmpty())
-                all[suffix].title = QString(target.title);
+                all[suffix].title = Text::shown(target.title);
         }
     }
     return all;
@@ -47,15 +48,15 @@ BySuffix abilities()
 ExitCode run(bool json, Console& console)
 {
     Table table;
-    table.columns = {{"suffix"_L1, u"suffix"_s},
-                     {"title"_L1, u"format"_s},
-                     {"info"_L1, u"info"_s},
-                     {"read"_L1, u"convert from"_s},
-                     {"write"_L1, u"convert to"_s}};
+    table.columns = {{"suffix"_L1, Text::tr("suffix")},
+                     {"title"_L1, Text::tr("format")},
+                     {"info"_L1, Text::tr("info")},
+                     {"read"_L1, Text::tr("convert from")},
+                     {"write"_L1, Text::tr("convert to")}};
     for (auto const& [suffix, able] : abilities())
         table.rows.push_back({suffix, able.title, able.isInspected, able.isRead, able.isWritten});
     Report report;
-    report.add("formats"_L1, u"formats"_s, std::move(table));
+    report.add("formats"_L1, Text::tr("formats"), std::move(table));
     console.result(json ? report.json("surfaceio.formats/1"_L1) : report.text());
     return ExitCode::Ok;
 }
@@ -63,7 +64,7 @@ ExitCode run(bool json, Console& console)
 Verb::Action setUp(CLI::App& app)
 {
     auto const json = std::make_shared<bool>(false);
-    app.add_flag("--json", *json, "Print JSON, schema surfaceio.formats/1");
+    app.add_flag("--json", *json, Text::utf8("Print JSON, schema surfaceio.formats/1"));
     return [json](Console& console) { return run(*json, console); };
 }
 
@@ -71,7 +72,7 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const formatsVerb = {
     "formats",
-    "Lists the file formats that are known, and what can be done with each.",
+    QT_TRANSLATE_NOOP("Text", "Lists the file formats that are known, and what can be done with each."),
     "  surfaceio formats\n"
     "  surfaceio formats --json",
     setUp,

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "Verb.h"
 #include "header/Metadata.h"
 #include "inspect/Format.h"
@@ -32,10 +33,10 @@ Problem open(QFile& file, QString const& path)
     if (QString const problem = whyNotRegular(path); !problem.isEmpty())
         return {ExitCode::ReadOrWriteFailed, problem};
     if (metadataFormatFor(path) == nullptr)
-        return {ExitCode::Usage, u"expected one of the suffixes .stl, .ply"_s};
+        return {ExitCode::Usage, Text::tr("expected one of the suffixes .stl, .ply")};
     file.setFileName(path);
     if (!file.open(QIODevice::ReadOnly))
-        return {ExitCode::ReadOrWriteFailed, u"cannot be opened: "_s + file.errorString()};
+        return {ExitCode::ReadOrWriteFailed, Text::tr("cannot be opened: ") + file.errorString()};
     return {};
 }
 
@@ -57,12 +58,12 @@ Problem replace(QString const& path, Metadata const& metadata)
         return {ExitCode::ReadOrWriteFailed, problem};
     QFile out(output.temporaryPath());
     if (!out.open(QIODevice::WriteOnly))
-        return {ExitCode::ReadOrWriteFailed, u"cannot be written: "_s + out.errorString()};
+        return {ExitCode::ReadOrWriteFailed, Text::tr("cannot be written: ") + out.errorString()};
     if (Problem problem = metadataFormatFor(path)->write(in, metadata, out))
         return problem;
     qint64 const written = out.pos();
     if (!out.flush())
-        return {ExitCode::ReadOrWriteFailed, u"could not be written: "_s + out.errorString()};
+        return {ExitCode::ReadOrWriteFailed, Text::tr("could not be written: ") + out.errorString()};
     out.close();
     if (QString const problem = output.commit(written); !problem.isEmpty())
         return {ExitCode::ReadOrWriteFailed, problem};
@@ -81,7 +82,7 @@ ExitCode get(Options const& options, Console& console)
     if (options.json)
         console.result(report.json("surfaceio.header/1"_L1));
     else
-        console.result(metadata ? report.text() : u"no scan metadata\n"_s);
+        console.result(metadata ? report.text() : Text::tr("no scan metadata") + u'\n');
     return ExitCode::Ok;
 }
 
@@ -101,10 +102,10 @@ MeshHeader changed(MeshHeader const& before, Options const& options)
             chosen(options.softwareVersion, before.getSoftwareVersion()), date};
 }
 
-void warnOfChange(char const* what, QString const& asked, QString const& stored, Console& console)
+void warnOfChange(QString const& what, QString const& asked, QString const& stored, Console& console)
 {
     if (asked != stored)
-        console.warning(u"the %1 \"%2\" is stored as \"%3\""_s.arg(QString::fromLatin1(what), asked, stored));
+        console.warning(Text::tr("the %1 \"%2\" is stored as \"%3\"").arg(what, asked, stored));
 }
 
 // A record has room for so many letters, and for no spaces.
@@ -113,9 +114,10 @@ void warnOfChanges(QString const& path, MeshHeader const& asked, Console& consol
     Metadata stored;
     if (read(path, stored) || !stored)
         return;
-    warnOfChange("scanner name", asked.getScannerName(), stored->getScannerName(), console);
-    warnOfChange("scanner serial", asked.getScannerSerial(), stored->getScannerSerial(), console);
-    warnOfChange("software version", asked.getSoftwareVersion(), stored->getSoftwareVersion(), console);
+    warnOfChange(Text::tr("scanner name"), asked.getScannerName(), stored->getScannerName(), console);
+    warnOfChange(Text::tr("scanner serial"), asked.getScannerSerial(), stored->getScannerSerial(), console);
+    warnOfChange(Text::tr("software version"), asked.getSoftwareVersion(), stored->getSoftwareVersion(),
+                 console);
 }
 
 ExitCode set(Options const& options, Console& console)
@@ -139,38 +141,40 @@ ExitCode clear(Options const& options, Console& console)
 
 std::string wrongDate(std::string const& text)
 {
-    return QDate::fromString(QString::fromStdString(text), Qt::ISODate).isValid() ? ""
-                                                                                  : "expected yyyy-mm-dd";
+    return QDate::fromString(QString::fromStdString(text), Qt::ISODate).isValid()
+               ? ""
+               : Text::utf8("expected yyyy-mm-dd");
 }
 
 std::string wrongLine(std::string const& text)
 {
-    return text.find_first_of("\r\n") == std::string::npos ? "" : "expected a single line";
+    return text.find_first_of("\r\n") == std::string::npos ? "" : Text::utf8("expected a single line");
 }
 
 void addFields(CLI::App& verb, Options& options)
 {
     verb.add_option("--scanner-name", options.scannerName)->check(wrongLine, "");
     verb.add_option("--scanner-serial", options.scannerSerial)->check(wrongLine, "");
-    verb.add_option("--imported", options.imported, "yes or no")->check(oneOf({"yes", "no"}));
+    verb.add_option("--imported", options.imported, Text::utf8("yes or no"))->check(oneOf({"yes", "no"}));
     verb.add_option("--software-version", options.softwareVersion)->check(wrongLine, "");
-    verb.add_option("--date", options.date, "Date of acquisition, yyyy-mm-dd")->check(wrongDate, "");
+    verb.add_option("--date", options.date, Text::utf8("Date of acquisition, yyyy-mm-dd"))
+        ->check(wrongDate, "");
 }
 
 Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
     SubVerbs verbs(app);
-    CLI::App& getter = verbs.add("get", "Prints the scan metadata of a file.",
+    CLI::App& getter = verbs.add("get", Text::utf8("Prints the scan metadata of a file."),
                                  [options](Console& console) { return get(*options, console); });
-    getter.add_flag("--json", options->json, "Print JSON, schema surfaceio.header/1");
-    CLI::App& setter = verbs.add("set", "Changes what is given and keeps the rest.",
+    getter.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.header/1"));
+    CLI::App& setter = verbs.add("set", Text::utf8("Changes what is given and keeps the rest."),
                                  [options](Console& console) { return set(*options, console); });
     addFields(setter, *options);
-    CLI::App& clearer = verbs.add("clear", "Takes the scan metadata out of a file.",
+    CLI::App& clearer = verbs.add("clear", Text::utf8("Takes the scan metadata out of a file."),
                                   [options](Console& console) { return clear(*options, console); });
     for (CLI::App* const verb : {&getter, &setter, &clearer})
-        verb->add_option("FILE", options->file, "A binary STL or PLY file")->required();
+        verb->add_option("FILE", options->file, Text::utf8("A binary STL or PLY file"))->required();
     return verbs.action();
 }
 
@@ -178,7 +182,9 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const headerVerb = {
     "header",
-    "Shows and changes the scan metadata in a binary STL or PLY file; the mesh keeps every byte.",
+    QT_TRANSLATE_NOOP(
+        "Text",
+        "Shows and changes the scan metadata in a binary STL or PLY file; the mesh keeps every byte."),
     "  surfaceio header get scan.stl\n"
     "  surfaceio header set scan.stl --scanner-name TrueScan --date 2024-05-17",
     setUp,

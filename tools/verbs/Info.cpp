@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "Verb.h"
 #include "images/ImageLimit.h"
 #include "inspect/Format.h"
@@ -59,8 +60,8 @@ ExitCode info(Options const& options, Console& console)
 Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
-    app.add_option("FILE", options->files, "Files to look at")->required();
-    app.add_flag("--json", options->json, "Print JSON, schema surfaceio.info/1");
+    app.add_option("FILE", options->files, Text::utf8("Files to look at"))->required();
+    app.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.info/1"));
     addImageLimitOption(app);
     return [options](Console& console) { return info(*options, console); };
 }
@@ -69,7 +70,8 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const infoVerb = {
     "info",
-    "Shows what a mesh file holds, and what is wrong with one that cannot be read.",
+    QT_TRANSLATE_NOOP("Text",
+                      "Shows what a mesh file holds, and what is wrong with one that cannot be read."),
     "  surfaceio info scan.stl\n"
     "  surfaceio info --json lower.stl upper.stl",
     setUp,

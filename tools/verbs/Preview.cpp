@@ -1,4 +1,5 @@
 #include "Problem.h"
+#include "Text.h"
 #include "Verb.h"
 #include "convert/MeshFile.h"
 #include "images/ImageLimit.h"
@@ -83,7 +84,7 @@ ExitCode load(QString const& path, preview::Model& model, Console& console)
     Inspection const inspection = inspectFile(path);
     if (inspection.code != ExitCode::Ok)
         return fail(inspection.code, path, inspection.problem, console);
-    return fail(ExitCode::ReadOrWriteFailed, path, u"could not be read"_s, console);
+    return fail(ExitCode::ReadOrWriteFailed, path, Text::tr("could not be read"), console);
 }
 
 QImage draw(preview::Model const& model, Options const& options)
@@ -97,7 +98,7 @@ QImage draw(preview::Model const& model, Options const& options)
 QString write(OutputFile& output, QImage const& image)
 {
     if (!image.save(output.temporaryPath(), "png"))
-        return u"could not be written"_s;
+        return Text::tr("could not be written");
     return output.commit(-1);
 }
 
@@ -106,7 +107,7 @@ ExitCode run(Options const& options, Console& console)
     QString const in = QString::fromStdString(options.in);
     QString const out = QString::fromStdString(options.out);
     if (QFileInfo(out).suffix().compare("png"_L1, Qt::CaseInsensitive) != 0)
-        return fail(ExitCode::Usage, out, u"expected the suffix .png"_s, console);
+        return fail(ExitCode::Usage, out, Text::tr("expected the suffix .png"), console);
     OutputFile output(out);
     if (QString const problem = output.open(options.force); !problem.isEmpty())
         return fail(ExitCode::ReadOrWriteFailed, out, problem, console);
@@ -123,19 +124,23 @@ ExitCode run(Options const& options, Console& console)
 Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
-    app.add_option("IN", options->in, "File to show: " + suffixesOf(meshSources()).toStdString())->required();
-    app.add_option("-o,--output", options->out, "Picture to write, .png")->required();
-    app.add_option("--size", options->size, "Width and height in pixels; with --sheet, of each view")
+    app.add_option("IN", options->in,
+                   Text::tr("File to show: %1").arg(suffixesOf(meshSources())).toStdString())
+        ->required();
+    app.add_option("-o,--output", options->out, Text::utf8("Picture to write, .png"))->required();
+    app.add_option("--size", options->size,
+                   Text::utf8("Width and height in pixels; with --sheet, of each view"))
         ->check(CLI::Range(16, 4096))
         ->capture_default_str();
-    app.add_option("--view", options->view, "Where to look from: front, occlusal, left, right or iso")
+    app.add_option("--view", options->view,
+                   Text::utf8("Where to look from: front, occlusal, left, right or iso"))
         ->check(oneOf(viewNames()))
         ->capture_default_str();
-    app.add_option("--by", options->by, "What colours it: auto, tag, colour or normal")
+    app.add_option("--by", options->by, Text::utf8("What colours it: auto, tag, colour or normal"))
         ->check(oneOf(colouringNames()))
         ->capture_default_str();
-    app.add_flag("--sheet", options->sheet, "All views on one picture");
-    app.add_flag("--force", options->force, "Replace the picture when it exists");
+    app.add_flag("--sheet", options->sheet, Text::utf8("All views on one picture"));
+    app.add_flag("--force", options->force, Text::utf8("Replace the picture when it exists"));
     addImageLimitOption(app);
     return [options](Console& console) { return run(*options, console); };
 }
@@ -144,7 +149,7 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const previewVerb = {
     "preview",
-    "Draws a picture of a mesh, without a display or a graphics card.",
+    QT_TRANSLATE_NOOP("Text", "Draws a picture of a mesh, without a display or a graphics card."),
     "  surfaceio preview scan.stl -o scan.png\n"
     "  surfaceio preview scan.stl -o sheet.png --sheet --size 384",
     setUp,

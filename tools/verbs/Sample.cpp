@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "Verb.h"
 #include "convert/Conversion.h"
 #include "convert/Suffixes.h"
@@ -69,7 +70,7 @@ ExitCode run(Options const& options, Console& console)
 {
     QString const path = QString::fromStdString(options.out);
     if (meshTargetFor(path) == nullptr && !hasSuffix(path, "obj"_L1)) {
-        console.failure(path + u": expected one of the suffixes "_s + sampleSuffixes());
+        console.failure(path + u": "_s + Text::tr("expected one of the suffixes %1").arg(sampleSuffixes()));
         return ExitCode::Usage;
     }
     sample::DentalArch const arch =
@@ -87,14 +88,15 @@ ExitCode run(Options const& options, Console& console)
 Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
-    app.add_option("OUT", options->out, "File to write: " + sampleSuffixes().toStdString())->required();
-    app.add_option("--facets", options->facets, "How many facets, exactly")
+    app.add_option("OUT", options->out, Text::tr("File to write: %1").arg(sampleSuffixes()).toStdString())
+        ->required();
+    app.add_option("--facets", options->facets, Text::utf8("How many facets, exactly"))
         ->check(CLI::Range(sample::Options::fewestFacets, sample::Options::mostFacets))
         ->capture_default_str();
-    app.add_option("--seed", options->seed, "Another seed gives another mouth")
+    app.add_option("--seed", options->seed, Text::utf8("Another seed gives another mouth"))
         ->check(CLI::NonNegativeNumber)
         ->capture_default_str();
-    app.add_flag("--force", options->force, "Replace OUT when it exists");
+    app.add_flag("--force", options->force, Text::utf8("Replace OUT when it exists"));
     return [options](Console& console) { return run(*options, console); };
 }
 
@@ -102,8 +104,10 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const sampleVerb = {
     "sample",
-    "Writes a synthetic scan of a lower dental arch, the same on every run; each tooth has its own facet "
-    "tag.",
+    QT_TRANSLATE_NOOP(
+        "Text",
+        "Writes a synthetic scan of a lower dental arch, the same on every run; each tooth has its own facet "
+        "tag."),
     "  surfaceio sample scan.stl\n"
     "  surfaceio sample --facets 1000000 --seed 7 textured.obj",
     setUp,

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "Verb.h"
 #include "inspect/StlReport.h"
 #include "tags/TagWork.h"
@@ -44,7 +45,7 @@ ExitCode list(Options const& options, Console& console)
         return reported(problem, path, console);
     Report report;
     report.add("path"_L1, {}, path);
-    report.add("tags"_L1, u"tags"_s, stl::tagTable(contents));
+    report.add("tags"_L1, Text::tr("tags"), stl::tagTable(contents));
     console.result(options.json ? report.json("surfaceio.tags/1"_L1) : report.text());
     return ExitCode::Ok;
 }
@@ -71,45 +72,48 @@ ExitCode relabel(Options const& options, Console& console)
 
 void addList(SubVerbs& verbs, std::shared_ptr<Options> const& options)
 {
-    CLI::App& verb = verbs.add("list", "Prints the tags of a file, their facets and areas.",
+    CLI::App& verb = verbs.add("list", Text::utf8("Prints the tags of a file, their facets and areas."),
                                [options](Console& console) { return list(*options, console); });
-    verb.add_option("FILE", options->in, "A binary STL file")->required();
-    verb.add_flag("--json", options->json, "Print JSON, schema surfaceio.tags/1");
+    verb.add_option("FILE", options->in, Text::utf8("A binary STL file"))->required();
+    verb.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.tags/1"));
 }
 
 void addSplit(SubVerbs& verbs, std::shared_ptr<Options> const& options)
 {
-    CLI::App& verb =
-        verbs.add("split", "Writes the facets of each tag to a file of its own, and prints the names.",
-                  [options](Console& console) { return split(*options, console); });
-    verb.add_option("FILE", options->in, "A binary STL file")->required();
-    verb.add_option("--pattern", options->pattern, "Name of each file, from {name}, {tag} and {subTag}")
+    CLI::App& verb = verbs.add(
+        "split", Text::utf8("Writes the facets of each tag to a file of its own, and prints the names."),
+        [options](Console& console) { return split(*options, console); });
+    verb.add_option("FILE", options->in, Text::utf8("A binary STL file"))->required();
+    verb.add_option("--pattern", options->pattern,
+                    Text::utf8("Name of each file, from {name}, {tag} and {subTag}"))
         ->capture_default_str();
-    verb.add_option("-d,--directory", options->directory, "Where the files go")->capture_default_str();
-    verb.add_flag("--json", options->json, "Print the names as JSON, schema surfaceio.split/1");
-    verb.add_flag("--force", options->force, "Replace files that exist");
+    verb.add_option("-d,--directory", options->directory, Text::utf8("Where the files go"))
+        ->capture_default_str();
+    verb.add_flag("--json", options->json, Text::utf8("Print the names as JSON, schema surfaceio.split/1"));
+    verb.add_flag("--force", options->force, Text::utf8("Replace files that exist"));
 }
 
 void addMerge(SubVerbs& verbs, std::shared_ptr<Options> const& options)
 {
-    CLI::App& verb = verbs.add("merge", "Puts the facets of several files into one.",
+    CLI::App& verb = verbs.add("merge", Text::utf8("Puts the facets of several files into one."),
                                [options](Console& console) { return merge(*options, console); });
     verb.add_option("FILE", options->inputs,
-                    "Binary STL files; TAG=FILE or TAG/SUBTAG=FILE gives all facets a tag")
+                    Text::utf8("Binary STL files; TAG=FILE or TAG/SUBTAG=FILE gives all facets a tag"))
         ->required();
-    verb.add_option("-o,--output", options->out, "File to write")->required();
-    verb.add_flag("--force", options->force, "Replace the file when it exists");
+    verb.add_option("-o,--output", options->out, Text::utf8("File to write"))->required();
+    verb.add_flag("--force", options->force, Text::utf8("Replace the file when it exists"));
 }
 
 void addRelabel(SubVerbs& verbs, std::shared_ptr<Options> const& options)
 {
-    CLI::App& verb = verbs.add("relabel", "Gives facets other tags.",
+    CLI::App& verb = verbs.add("relabel", Text::utf8("Gives facets other tags."),
                                [options](Console& console) { return relabel(*options, console); });
-    verb.add_option("FILE", options->in, "A binary STL file")->required();
-    verb.add_option("RULE", options->rules, "OLD=NEW, each TAG, TAG/SUBTAG or *; the first that fits counts")
+    verb.add_option("FILE", options->in, Text::utf8("A binary STL file"))->required();
+    verb.add_option("RULE", options->rules,
+                    Text::utf8("OLD=NEW, each TAG, TAG/SUBTAG or *; the first that fits counts"))
         ->required();
-    verb.add_option("-o,--output", options->out, "File to write")->required();
-    verb.add_flag("--force", options->force, "Replace the file when it exists");
+    verb.add_option("-o,--output", options->out, Text::utf8("File to write"))->required();
+    verb.add_flag("--force", options->force, Text::utf8("Replace the file when it exists"));
 }
 
 Verb::Action setUp(CLI::App& app)
@@ -127,7 +131,9 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const tagsVerb = {
     "tags",
-    "Shows, splits, merges and changes the facet tags of binary STL files; coordinates keep every bit.",
+    QT_TRANSLATE_NOOP(
+        "Text",
+        "Shows, splits, merges and changes the facet tags of binary STL files; coordinates keep every bit."),
     "  surfaceio tags split scan.stl --pattern '{name}-{tag}.stl'\n"
     "  surfaceio tags relabel scan.stl 3=31 '*=1' -o teeth.stl",
     setUp,

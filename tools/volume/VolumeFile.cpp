@@ -1,6 +1,7 @@
 #include "volume/VolumeFile.h"
 
 #include "LibraryLog.h"
+#include "Text.h"
 #include "vmesh/MTModelBoundaryConditionsParser.h"
 #include "vmesh/MTModelVMeshParser.h"
 
@@ -57,15 +58,14 @@ QString shown(QString const& line)
 QString sentence(qint64 number, QString const& expected, QString const& line)
 {
     if (line.isNull())
-        return u"the file ends before line %1: expected %2"_s.arg(QString::number(number), expected);
-    return u"line %1: expected %2, found \"%3\""_s.arg(QString::number(number), expected, shown(line));
+        return Text::tr("the file ends before line %1: expected %2").arg(QString::number(number), expected);
+    return Text::tr("line %1: expected %2, found \"%3\"").arg(QString::number(number), expected, shown(line));
 }
 
 /// Rows of one kind in a volume mesh.
 struct Section
 {
     qint64 count;
-    QString row;
     QString content;
 };
 
@@ -75,14 +75,13 @@ QString expectedRow(QString const& sizes, qint64 number)
     QStringList const counts = sizes.split(u' ');
     auto const countAt = [&counts](qsizetype i) { return counts.value(i).toLongLong(); };
     std::array const sections = {
-        Section{countAt(3), u"point"_s, u"three numbers with single blanks between"_s},
-        Section{countAt(1), u"face row"_s, u"five integers with single blanks between"_s},
-        Section{countAt(2), u"bound-face row"_s, u"five integers with single blanks between"_s}};
+        Section{countAt(3), Text::tr("point %1 of %2, three numbers with single blanks between")},
+        Section{countAt(1), Text::tr("face row %1 of %2, five integers with single blanks between")},
+        Section{countAt(2), Text::tr("bound-face row %1 of %2, five integers with single blanks between")}};
     qint64 index = number - linesBeforePoints;
     for (Section const& section : sections) {
         if (index <= section.count)
-            return u"%1 %2 of %3, %4"_s.arg(section.row, QString::number(index),
-                                            QString::number(section.count), section.content);
+            return section.content.arg(QString::number(index), QString::number(section.count));
         index -= section.count;
     }
     return {};
@@ -92,22 +91,23 @@ QString volumeProblem(QString const& path, qint64 number)
 {
     Lines const lines = linesAt(path, 2, number);
     if (number == 1)
-        return sentence(number, u"a header with \"# Labeled\""_s, lines.line);
+        return sentence(number, Text::tr("a header with \"# Labeled\""), lines.line);
     if (number == 2)
-        return sentence(number,
-                        u"four counts (tetrahedra, faces, bound faces, points) that the file can hold"_s,
-                        lines.line);
+        return sentence(
+            number, Text::tr("four counts (tetrahedra, faces, bound faces, points) that the file can hold"),
+            lines.line);
     return sentence(number, expectedRow(lines.counts, number), lines.line);
 }
 
 QString conditionsProblem(QString const& path, qint64 number)
 {
     if (number == 0)
-        return u"the file ends before line 4: expected the number of conditions"_s;
+        return Text::tr("the file ends before line 4: expected the number of conditions");
     Lines const lines = linesAt(path, linesBeforeConditions, number);
     if (number == linesBeforeConditions)
-        return sentence(number, u"the number of conditions"_s, lines.line);
-    QString const expected = u"condition %1 of %2, an index and three numbers with single blanks between"_s;
+        return sentence(number, Text::tr("the number of conditions"), lines.line);
+    QString const expected =
+        Text::tr("condition %1 of %2, an index and three numbers with single blanks between");
     return sentence(number,
                     expected.arg(QString::number(number - linesBeforeConditions), lines.counts.trimmed()),
                     lines.line);

@@ -1,5 +1,6 @@
 #include "volume/VolumeFindings.h"
 
+#include "Text.h"
 #include "volume/VolumeGeometry.h"
 
 #include <algorithm>
@@ -16,10 +17,11 @@ namespace {
 constexpr int rowWidth = 5;
 constexpr int tetrahedraInRow = 2;
 
-/// Rows of one kind: what they are called, and where they are.
+/// Rows of one kind: what is said of bad ones, and where they are.
 struct Rows
 {
-    QString name;
+    char const* badTetrahedron;
+    char const* badPoint;
     qint32 const* values;
     qint64 count;
     qint64 firstLine;
@@ -51,10 +53,9 @@ private:
         ++findings.badReferenceCount;
         if (findings.badReferences.size() >= VolumeFindings::mostShown)
             return;
-        QString const what = isTetrahedron ? u"tetrahedron"_s : u"point"_s;
+        char const* const sentence = isTetrahedron ? rows.badTetrahedron : rows.badPoint;
         findings.badReferences.push_back(
-            {rows.firstLine + row, u"a %1 refers to %2 %3, of %4"_s.arg(
-                                       rows.name, what, QString::number(index), QString::number(count))});
+            {rows.firstLine + row, Text::tr(sentence).arg(QString::number(index), QString::number(count))});
     }
 
     MTModelVMesh const& mesh;
@@ -136,9 +137,12 @@ VolumeFindings findingsOf(VolumeFile const& file)
     VolumeFindings findings;
     MTModelVMesh const& mesh = file.mesh;
     ReferenceCheck references(mesh, findings);
-    references.check({u"face row"_s, mesh.faces.data(), mesh.numFaces, file.lineOfFace(0)});
-    references.check(
-        {u"bound-face row"_s, mesh.boundFaces.data(), mesh.numBoundFaces, file.lineOfBoundFace(0)});
+    references.check({QT_TRANSLATE_NOOP("Text", "a face row refers to tetrahedron %1, of %2"),
+                      QT_TRANSLATE_NOOP("Text", "a face row refers to point %1, of %2"), mesh.faces.data(),
+                      mesh.numFaces, file.lineOfFace(0)});
+    references.check({QT_TRANSLATE_NOOP("Text", "a bound-face row refers to tetrahedron %1, of %2"),
+                      QT_TRANSLATE_NOOP("Text", "a bound-face row refers to point %1, of %2"),
+                      mesh.boundFaces.data(), mesh.numBoundFaces, file.lineOfBoundFace(0)});
     for (qint64 t = 0; t < mesh.numTetrahedra; ++t)
         judge(mesh, t, findings);
     for (qint64 k = 0; k < mesh.numFaces; ++k)

@@ -1,10 +1,14 @@
 // Reads the STL file of the first argument, writes it as PLY to the second and reads that.
 #include "framework/MeshReader.h"
 #include "framework/MeshWriter.h"
+#include "obj/OBJReader.h"
 #include "stl/STLReader.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QLocale>
 #include <QObject>
+#include <QTranslator>
 
 #include <atomic>
 #include <cstdio>
@@ -44,6 +48,18 @@ bool copies(QString const& path, QString const& copyPath)
            check(copy->indices == mesh->indices, "the copy has the same triangles");
 }
 
+// The catalogues are in the library, wherever it lies.
+bool speaksGerman()
+{
+    QTranslator translator;
+    if (!check(translator.load(QLocale(QLocale::German), QStringLiteral("surfaceio"), QStringLiteral("_"),
+                               QStringLiteral(":/surfaceio/translations")),
+               "there is a German catalogue"))
+        return false;
+    QCoreApplication::installTranslator(&translator);
+    return check(conversions::toString(OBJReader::NoData) == QStringLiteral("keine Daten"), "it is used");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -51,5 +67,7 @@ int main(int argc, char** argv)
     if (argc != 3)
         return 2;
     QString const path = QFile::decodeName(argv[1]);
-    return readsWithAReader(path) && copies(path, QFile::decodeName(argv[2])) ? 0 : 1;
+    QCoreApplication const application(argc, argv);
+    bool const isFine = readsWithAReader(path) && copies(path, QFile::decodeName(argv[2])) && speaksGerman();
+    return isFine ? 0 : 1;
 }
