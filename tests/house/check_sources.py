@@ -11,7 +11,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 LOCALE = [
     r"\b(?:std::)?(?:strto[dfl]|strtold|ato[fil]|atoll|sto[dfil]|stold|stoul|stoull|sscanf|fscanf|scanf)\s*\(",
     r"\b(?:s|sn|f|vs|vsn)?printf\s*\(",
-    r"\bsetlocale\b|\bstd::locale\b|\bQLocale\s*\(\s*\)|\bQLocale::system\b|\btoLocal8Bit\b|\bfromLocal8Bit\b",
+    r"\bsetlocale\b|\bstd::locale\b|\bQLocale\s*\(\s*\)|\bQLocale::system\b(?!\(\)\.uiLanguages\b)|\btoLocal8Bit\b|\bfromLocal8Bit\b",
     r"\bstd::to_string\s*\(",
     r"%L\d",
 ]

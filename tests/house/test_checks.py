@@ -59,9 +59,10 @@ class Sources(unittest.TestCase):
                 check_sources.ROOT = saved
 
     def test_locale(self):
-        for text in ("strtod(a, b);", "std::stof(a);", "printf(\"%f\", x);", "QLocale().toFloat(a);"):
+        for text in ("strtod(a, b);", "std::stof(a);", "printf(\"%f\", x);", "QLocale().toFloat(a);",
+                     "QLocale::system().toFloat(a);"):
             self.assertEqual(self.hits(text, check_sources.LOCALE), 1, text)
-        for text in ("std::from_chars(a, b, c);", "text.toFloat(&ok);", "QLocale::c()", "// printf(x)"):
+        for text in ("std::from_chars(a, b, c);", "text.toFloat(&ok);", "QLocale::c()", "QLocale::system().uiLanguages()", "// printf(x)"):
             self.assertEqual(self.hits(text, check_sources.LOCALE), 0, text)
 
     def test_process(self):
