@@ -119,7 +119,7 @@ private Q_SLOTS:
         row("undefined", QByteArray(mapped).replace("usemtl m", "usemtl ghost"),
             {u"unused-material"_s, u"undefined-material"_s}, "s.mtl, line 1: no face has the material \"m\"");
         row("NaN", QByteArray(corners).replace("v 9", "v nan") + plainFaces,
-            {u"nonfinite-vertices"_s, u"zero-normals"_s}, "1 vertices with a NaN or an infinity");
+            {u"nonfinite-vertices"_s, u"zero-normals"_s}, "1 vertex with a NaN or an infinity");
         row("zero normals",
             corners + "vn 0 0 0\n" +
                 QByteArray(plainFaces)
@@ -133,7 +133,7 @@ private Q_SLOTS:
         row("micrometres", QByteArray(corners).replace('9', "70000") + plainFaces, {u"units-micrometres"_s},
             "7e+04 mm across; are these micrometres?");
         row("degenerate", corners + plainFaces + "f 1 1 2\n", {u"degenerate-facets"_s},
-            "1 facets with two equal corners");
+            "1 facet with two equal corners");
         row("twice", corners + plainFaces + "f 1 3 2\n", {u"nonmanifold-edges"_s, u"duplicate-facets"_s},
             "3 edges with more than two facets");
     }
@@ -210,7 +210,7 @@ private Q_SLOTS:
         row("unnamed", mappedPly("comment nothing"), {u"unnamed-texture"_s, u"open-edges"_s},
             "has texture coordinates, but its header names no image");
         row("outside", mappedPly("comment TextureFile skin.png", 1.5f), {u"texture-range"_s, u"open-edges"_s},
-            "1 texture coordinates lie outside 0 to 1");
+            "1 texture coordinate lies outside 0 to 1");
         row("ASCII", support::plyTriangle().replace("binary_little_endian", "ascii"), {u"ply-ascii"_s},
             "is encoded in ASCII; only binary PLY is read");
         row("quad", QByteArray(support::plyTriangle()).replace(support::plyTriangle().size() - 13, 1, "\x04"),

@@ -99,7 +99,7 @@ private Q_SLOTS:
             "1 "
             "facets\n");
         row("says solid", {u"solid.stl"_s, u"out.stl"_s}, 4,
-            "surfaceio: solid.stl: a binary STL of 1 facets .*\n");
+            "surfaceio: solid.stl: a binary STL of 1 facet .*\n");
         row("no facets", {u"empty.stl"_s, u"out.stl"_s}, 1,
             "surfaceio: empty.stl: holds no facets that could be converted\n");
         row("bad record", {u"bad.array"_s, u"out.stl"_s}, 3,

@@ -168,7 +168,7 @@ private Q_SLOTS:
         row("line feed", {u"in.ply"_s, u"out.ply"_s, u"--software-version"_s, u"1\nelement"_s}, 2,
             "surfaceio: out.ply: expected a software version of ASCII letters, .*");
         row("points", {u"points.ply"_s, u"out.stl"_s}, 4,
-            "surfaceio: points.ply: holds 1 points and no faces; as a mesh it is not read\n");
+            "surfaceio: points.ply: holds 1 point and no faces; as a mesh it is not read\n");
         row("quad", {u"quad.ply"_s, u"out.stl"_s}, 4,
             "surfaceio: warning: Unsupported indices count \\( 4 \\) \\(only triangles supported\\)!\n"
             "surfaceio: quad.ply: has a face of 4 corners; only triangles are read\n");

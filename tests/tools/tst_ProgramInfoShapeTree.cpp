@@ -125,7 +125,7 @@ private Q_SLOTS:
                                               << u"surfaceio: x.bin: 3 bytes follow the tree\n"_s;
         QTest::newRow("bytes after the shape")
             << shapeTreeHeader(1, 0) + ShapeTreeBytes().mesh(support::cube()).bytes + "x" << 3
-            << u"surfaceio: x.bin: 1 bytes follow the shape\n"_s;
+            << u"surfaceio: x.bin: 1 byte follows the shape\n"_s;
     }
 
     void refusals()

@@ -123,7 +123,7 @@ private Q_SLOTS:
             "the header says 4294967295 facets = 214748364834 bytes, the file holds 234 bytes, room for 3 "
             "facets");
         row("binary that says solid", binaryStl(stlFacet(0), "solid scan"), 4,
-            "a binary STL of 1 facets whose header begins with \"solid\": such a file is read as text, and "
+            "a binary STL of 1 facet whose header begins with \"solid\": such a file is read as text, and "
             "as "
             "text it holds no vertices");
         row("damaged binary that says solid", binaryStl(stlFacet(0), "solid scan").chopped(1), 3,

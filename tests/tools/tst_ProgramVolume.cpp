@@ -251,7 +251,7 @@ private Q_SLOTS:
         auto const outcome = run({u"check"_s, u"t.vmesh"_s});
         QCOMPARE(outcome.exitCode, 0);
         QVERIFY(outcome.standardOutput.contains(
-            "t.vmesh: warning: 1 face rows have a point that their tetrahedron does not have, the first in "
+            "t.vmesh: warning: 1 face row has a point that its tetrahedron does not have, the first in "
             "line 14\n"));
     }
 
