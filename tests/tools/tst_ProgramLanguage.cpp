@@ -176,7 +176,8 @@ private Q_SLOTS:
                      "  Größe in Bytes  100084\n"_s),
                  qPrintable(inGerman));
         QString const inPolish = outputOf(polish, {u"formats"_s});
-        QVERIFY2(inPolish.contains(u"\n  vmesh         siatka objętościowa    tak  "_s), qPrintable(inPolish));
+        QVERIFY2(inPolish.contains(u"\n  vmesh         siatka objętościowa    tak  "_s),
+                 qPrintable(inPolish));
         // Numbers have a point in every language.
         QVERIFY(inGerman.contains(QRegularExpression(u"  max +-?\\d+\\.\\d{3} "_s)));
         QVERIFY(!inGerman.contains(QRegularExpression(u"\\d,\\d"_s)));
