@@ -2401,5 +2401,337 @@
         <source>a bound-face row refers to point %1, of %2</source>
         <translation>eine Zeile gebundener Flächen bezieht sich auf Punkt %1, von %2</translation>
     </message>
+    <message>
+        <source>File to write, .vmesh</source>
+        <translation>Zu schreibende Datei, .vmesh</translation>
+    </message>
+    <message>
+        <source>Writes the tetrahedra of a file of a mesher as a volume mesh.</source>
+        <translation>Schreibt die Tetraeder aus der Datei eines Vernetzers als Volumennetz.</translation>
+    </message>
+    <message>
+        <source>Gmsh file (.msh, version 2.2) or VTK file (.vtk), ASCII</source>
+        <translation>Gmsh-Datei (.msh, Version 2.2) oder VTK-Datei (.vtk), ASCII</translation>
+    </message>
+    <message>
+        <source>Keep points that no tetrahedron has, so that all keep their numbers</source>
+        <translation>Punkte behalten, die kein Tetraeder hat, damit alle ihre Nummern behalten</translation>
+    </message>
+    <message>
+        <source>Print JSON, schema surfaceio.vmesh-from/1</source>
+        <translation>JSON ausgeben, Schema surfaceio.vmesh-from/1</translation>
+    </message>
+    <message>
+        <source>Makes the face and bound-face rows of a volume mesh anew.</source>
+        <translation>Macht die Zeilen der Flächen und der gebundenen Flächen eines Volumennetzes neu.</translation>
+    </message>
+    <message>
+        <source>A volume mesh</source>
+        <translation>Ein Volumennetz</translation>
+    </message>
+    <message>
+        <source>Print JSON, schema surfaceio.vmesh-faces/1</source>
+        <translation>JSON ausgeben, Schema surfaceio.vmesh-faces/1</translation>
+    </message>
+    <message>
+        <source>Prints boundary conditions: sums, and each point with its value.</source>
+        <translation>Gibt Randbedingungen aus: Summen, und jeden Punkt mit seinem Wert.</translation>
+    </message>
+    <message>
+        <source>A boundary-conditions file</source>
+        <translation>Eine Datei mit Randbedingungen</translation>
+    </message>
+    <message>
+        <source>The volume mesh that they are for; shows where the points are</source>
+        <translation>Das Volumennetz, zu dem sie gehören; zeigt, wo die Punkte liegen</translation>
+    </message>
+    <message>
+        <source>Print JSON, schema surfaceio.conditions/1</source>
+        <translation>JSON ausgeben, Schema surfaceio.conditions/1</translation>
+    </message>
+    <message>
+        <source>Makes and mends volume meshes and shows boundary conditions; info, check and convert take both, too.</source>
+        <translation>Erzeugt und repariert Volumennetze und zeigt Randbedingungen; auch info, check und convert nehmen beides.</translation>
+    </message>
+    <message>
+        <source>lines</source>
+        <translation>Linien</translation>
+    </message>
+    <message>
+        <source>quadrangles</source>
+        <translation>Vierecke</translation>
+    </message>
+    <message>
+        <source>hexahedra</source>
+        <translation>Hexaeder</translation>
+    </message>
+    <message>
+        <source>prisms</source>
+        <translation>Prismen</translation>
+    </message>
+    <message>
+        <source>pyramids</source>
+        <translation>Pyramiden</translation>
+    </message>
+    <message>
+        <source>polygons</source>
+        <translation>Vielecke</translation>
+    </message>
+    <message>
+        <source>polyhedra</source>
+        <translation>Polyeder</translation>
+    </message>
+    <message>
+        <source>line %1: a condition refers to point %2, of %3</source>
+        <translation>Zeile %1: eine Bedingung bezieht sich auf Punkt %2, von %3</translation>
+    </message>
+    <message>
+        <source>component</source>
+        <translation>Komponente</translation>
+    </message>
+    <message>
+        <source>least</source>
+        <translation>kleinste</translation>
+    </message>
+    <message>
+        <source>greatest</source>
+        <translation>größte</translation>
+    </message>
+    <message>
+        <source>sum</source>
+        <translation>Summe</translation>
+    </message>
+    <message>
+        <source>point</source>
+        <translation>Punkt</translation>
+    </message>
+    <message>
+        <source>value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>position (mm)</source>
+        <translation>Position (mm)</translation>
+    </message>
+    <message>
+        <source>different points</source>
+        <translation>verschiedene Punkte</translation>
+    </message>
+    <message>
+        <source>that are zero</source>
+        <translation>davon null</translation>
+    </message>
+    <message>
+        <source>components</source>
+        <translation>Komponenten</translation>
+    </message>
+    <message>
+        <source>rows</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>%1: %2 face rows with a point that their tetrahedron does not have are lost, the first in line %3</source>
+        <translation>%1: %2 Flächenzeilen mit einem Punkt, den ihr Tetraeder nicht hat, gehen verloren, die erste in Zeile %3</translation>
+    </message>
+    <message>
+        <source>written</source>
+        <translation>geschrieben</translation>
+    </message>
+    <message>
+        <source>kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>with nodes on edges</source>
+        <translation>mit Knoten auf Kanten</translation>
+    </message>
+    <message>
+        <source>left out</source>
+        <translation>weggelassen</translation>
+    </message>
+    <message>
+        <source>flat tetrahedra</source>
+        <translation>flache Tetraeder</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 tetrahedra have nodes on their edges; only their corners were taken</source>
+        <translation>%1: %2 von %3 Tetraedern haben Knoten auf ihren Kanten; nur ihre Ecken wurden genommen</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 tetrahedra have a negative volume in the order of their points; the written file keeps no orientation</source>
+        <translation>%1: %2 von %3 Tetraedern haben ein negatives Volumen in der Reihenfolge ihrer Punkte; die geschriebene Datei hält keine Orientierung fest</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 tetrahedra are flat in six decimals; are the coordinates in millimetres?</source>
+        <translation>%1: %2 von %3 Tetraedern sind auf sechs Nachkommastellen flach; sind die Koordinaten in Millimetern?</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for it</source>
+        <translation>dafür reicht der Speicher nicht</translation>
+    </message>
+    <message>
+        <source>holds no tetrahedra</source>
+        <translation>enthält keine Tetraeder</translation>
+    </message>
+    <message>
+        <source>version 2.2 (&quot;gmsh -save -format msh22 -o OUT.msh IN.msh&quot; writes that)</source>
+        <translation>Version 2.2 („gmsh -save -format msh22 -o OUT.msh IN.msh“ schreibt sie)</translation>
+    </message>
+    <message>
+        <source>three numbers, &quot;2.2 0 8&quot;</source>
+        <translation>drei Zahlen, „2.2 0 8“</translation>
+    </message>
+    <message>
+        <source>ASCII, &quot;2.2 0 8&quot; (&quot;gmsh -save -format msh22 -o OUT.msh IN.msh&quot; writes that)</source>
+        <translation>ASCII, „2.2 0 8“ („gmsh -save -format msh22 -o OUT.msh IN.msh“ schreibt das)</translation>
+    </message>
+    <message>
+        <source>the beginning of a section, such as &quot;$Nodes&quot;</source>
+        <translation>der Anfang eines Abschnitts, wie „$Nodes“</translation>
+    </message>
+    <message>
+        <source>how many there are</source>
+        <translation>wie viele es sind</translation>
+    </message>
+    <message>
+        <source>one section &quot;$Nodes&quot;</source>
+        <translation>ein einziger Abschnitt „$Nodes“</translation>
+    </message>
+    <message>
+        <source>two nodes have the number %1</source>
+        <translation>zwei Knoten haben die Nummer %1</translation>
+    </message>
+    <message>
+        <source>node %1 of %2, its number and three coordinates</source>
+        <translation>Knoten %1 von %2, seine Nummer und drei Koordinaten</translation>
+    </message>
+    <message>
+        <source>&quot;$Nodes&quot; before &quot;$Elements&quot;</source>
+        <translation>„$Nodes“ vor „$Elements“</translation>
+    </message>
+    <message>
+        <source>one section &quot;$Elements&quot;</source>
+        <translation>ein einziger Abschnitt „$Elements“</translation>
+    </message>
+    <message>
+        <source>line %1: elements of the type %2 are not known</source>
+        <translation>Zeile %1: Elemente des Typs %2 sind nicht bekannt</translation>
+    </message>
+    <message>
+        <source>element %1 of %2, its number, type, number of tags, tags and nodes</source>
+        <translation>Element %1 von %2, seine Nummer, sein Typ, die Anzahl der Kennungen, die Kennungen und die Knoten</translation>
+    </message>
+    <message>
+        <source>line %1: %2 are not read, only tetrahedra</source>
+        <translation>Zeile %1: %2 werden nicht gelesen, nur Tetraeder</translation>
+    </message>
+    <message>
+        <source>line %1: a tetrahedron refers to node %2, which is not there</source>
+        <translation>Zeile %1: ein Tetraeder bezieht sich auf Knoten %2, den es nicht gibt</translation>
+    </message>
+    <message>
+        <source>line %1: a tetrahedron has node %2 twice</source>
+        <translation>Zeile %1: ein Tetraeder hat Knoten %2 zweimal</translation>
+    </message>
+    <message>
+        <source>expected the suffix .vmesh</source>
+        <translation>erwartet wurde die Endung .vmesh</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for its face rows</source>
+        <translation>der Speicher reicht nicht für seine Flächenzeilen</translation>
+    </message>
+    <message>
+        <source>what was written is not what was to be written; is the disk full?</source>
+        <translation>geschrieben wurde nicht, was geschrieben werden sollte; ist der Datenträger voll?</translation>
+    </message>
+    <message>
+        <source>POINTS, CELLS and CELL_TYPES</source>
+        <translation>POINTS, CELLS und CELL_TYPES</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; and a number</source>
+        <translation>„%1“ und eine Zahl</translation>
+    </message>
+    <message>
+        <source>ASCII (write the file as text)</source>
+        <translation>ASCII (die Datei als Text schreiben)</translation>
+    </message>
+    <message>
+        <source>POINTS, CELLS, CELL_TYPES, FIELD or METADATA</source>
+        <translation>POINTS, CELLS, CELL_TYPES, FIELD oder METADATA</translation>
+    </message>
+    <message>
+        <source>one section POINTS</source>
+        <translation>ein einziger Abschnitt POINTS</translation>
+    </message>
+    <message>
+        <source>a coordinate of point %1 of %2</source>
+        <translation>eine Koordinate von Punkt %1 von %2</translation>
+    </message>
+    <message>
+        <source>POINTS before CELLS</source>
+        <translation>POINTS vor CELLS</translation>
+    </message>
+    <message>
+        <source>one section CELLS</source>
+        <translation>ein einziger Abschnitt CELLS</translation>
+    </message>
+    <message>
+        <source>the index of one of %1 points</source>
+        <translation>der Index eines von %1 Punkten</translation>
+    </message>
+    <message>
+        <source>the number of points of cell %1 of %2, at most %3</source>
+        <translation>die Anzahl der Punkte von Zelle %1 von %2, höchstens %3</translation>
+    </message>
+    <message>
+        <source>line %1: CELLS announces %2 numbers and has %3</source>
+        <translation>Zeile %1: CELLS kündigt %2 Zahlen an und hat %3</translation>
+    </message>
+    <message>
+        <source>offset %1 of %2, from %3 to %4</source>
+        <translation>Versatz %1 von %2, von %3 bis %4</translation>
+    </message>
+    <message>
+        <source>%1 as last offset</source>
+        <translation>%1 als letzter Versatz</translation>
+    </message>
+    <message>
+        <source>CELLS before CELL_TYPES</source>
+        <translation>CELLS vor CELL_TYPES</translation>
+    </message>
+    <message>
+        <source>one section CELL_TYPES</source>
+        <translation>ein einziger Abschnitt CELL_TYPES</translation>
+    </message>
+    <message>
+        <source>the number of cells, %1</source>
+        <translation>die Anzahl der Zellen, %1</translation>
+    </message>
+    <message>
+        <source>the type of cell %1 of %2</source>
+        <translation>der Typ von Zelle %1 von %2</translation>
+    </message>
+    <message>
+        <source>line %1: cells of the type %2 are not known</source>
+        <translation>Zeile %1: Zellen des Typs %2 sind nicht bekannt</translation>
+    </message>
+    <message>
+        <source>line %1: the type of cell %2, %3, does not fit its %4 points</source>
+        <translation>Zeile %1: der Typ von Zelle %2, %3, passt nicht zu ihren %4 Punkten</translation>
+    </message>
+    <message>
+        <source>cell %1, counted from 0: a tetrahedron has point %2 twice</source>
+        <translation>Zelle %1, gezählt ab 0: ein Tetraeder hat Punkt %2 zweimal</translation>
+    </message>
+    <message>
+        <source>a value of a field</source>
+        <translation>ein Wert eines Feldes</translation>
+    </message>
+    <message>
+        <source>the file ends in line %1: expected %2</source>
+        <translation>die Datei endet in Zeile %1: erwartet: %2</translation>
+    </message>
 </context>
 </TS>

@@ -2435,5 +2435,337 @@
         <source>a bound-face row refers to point %1, of %2</source>
         <translation>wiersz ściany brzegowej odnosi się do punktu %1, z %2</translation>
     </message>
+    <message>
+        <source>File to write, .vmesh</source>
+        <translation>Plik do zapisania, .vmesh</translation>
+    </message>
+    <message>
+        <source>Writes the tetrahedra of a file of a mesher as a volume mesh.</source>
+        <translation>Zapisuje czworościany z pliku generatora siatek jako siatkę objętościową.</translation>
+    </message>
+    <message>
+        <source>Gmsh file (.msh, version 2.2) or VTK file (.vtk), ASCII</source>
+        <translation>Plik Gmsh (.msh, wersja 2.2) lub plik VTK (.vtk), ASCII</translation>
+    </message>
+    <message>
+        <source>Keep points that no tetrahedron has, so that all keep their numbers</source>
+        <translation>Zachowaj punkty, których nie ma żaden czworościan, aby wszystkie zachowały numery</translation>
+    </message>
+    <message>
+        <source>Print JSON, schema surfaceio.vmesh-from/1</source>
+        <translation>Wypisz JSON, schemat surfaceio.vmesh-from/1</translation>
+    </message>
+    <message>
+        <source>Makes the face and bound-face rows of a volume mesh anew.</source>
+        <translation>Tworzy na nowo wiersze ścian i ścian brzegowych siatki objętościowej.</translation>
+    </message>
+    <message>
+        <source>A volume mesh</source>
+        <translation>Siatka objętościowa</translation>
+    </message>
+    <message>
+        <source>Print JSON, schema surfaceio.vmesh-faces/1</source>
+        <translation>Wypisz JSON, schemat surfaceio.vmesh-faces/1</translation>
+    </message>
+    <message>
+        <source>Prints boundary conditions: sums, and each point with its value.</source>
+        <translation>Wypisuje warunki brzegowe: sumy oraz każdy punkt z jego wartością.</translation>
+    </message>
+    <message>
+        <source>A boundary-conditions file</source>
+        <translation>Plik warunków brzegowych</translation>
+    </message>
+    <message>
+        <source>The volume mesh that they are for; shows where the points are</source>
+        <translation>Siatka objętościowa, do której należą; pokazuje położenie punktów</translation>
+    </message>
+    <message>
+        <source>Print JSON, schema surfaceio.conditions/1</source>
+        <translation>Wypisz JSON, schemat surfaceio.conditions/1</translation>
+    </message>
+    <message>
+        <source>Makes and mends volume meshes and shows boundary conditions; info, check and convert take both, too.</source>
+        <translation>Tworzy i naprawia siatki objętościowe oraz pokazuje warunki brzegowe; info, check i convert też przyjmują jedno i drugie.</translation>
+    </message>
+    <message>
+        <source>lines</source>
+        <translation>odcinki</translation>
+    </message>
+    <message>
+        <source>quadrangles</source>
+        <translation>czworokąty</translation>
+    </message>
+    <message>
+        <source>hexahedra</source>
+        <translation>sześciościany</translation>
+    </message>
+    <message>
+        <source>prisms</source>
+        <translation>graniastosłupy</translation>
+    </message>
+    <message>
+        <source>pyramids</source>
+        <translation>ostrosłupy</translation>
+    </message>
+    <message>
+        <source>polygons</source>
+        <translation>wielokąty</translation>
+    </message>
+    <message>
+        <source>polyhedra</source>
+        <translation>wielościany</translation>
+    </message>
+    <message>
+        <source>line %1: a condition refers to point %2, of %3</source>
+        <translation>wiersz %1: warunek odnosi się do punktu %2, z %3</translation>
+    </message>
+    <message>
+        <source>component</source>
+        <translation>składowa</translation>
+    </message>
+    <message>
+        <source>least</source>
+        <translation>najmniejsza</translation>
+    </message>
+    <message>
+        <source>greatest</source>
+        <translation>największa</translation>
+    </message>
+    <message>
+        <source>sum</source>
+        <translation>suma</translation>
+    </message>
+    <message>
+        <source>point</source>
+        <translation>punkt</translation>
+    </message>
+    <message>
+        <source>value</source>
+        <translation>wartość</translation>
+    </message>
+    <message>
+        <source>position (mm)</source>
+        <translation>położenie (mm)</translation>
+    </message>
+    <message>
+        <source>different points</source>
+        <translation>różne punkty</translation>
+    </message>
+    <message>
+        <source>that are zero</source>
+        <translation>w tym zerowe</translation>
+    </message>
+    <message>
+        <source>components</source>
+        <translation>składowe</translation>
+    </message>
+    <message>
+        <source>rows</source>
+        <translation>wiersze</translation>
+    </message>
+    <message>
+        <source>%1: %2 face rows with a point that their tetrahedron does not have are lost, the first in line %3</source>
+        <translation>%1: przepadają wiersze ścian z punktem, którego nie ma ich czworościan: %2, pierwszy w wierszu %3</translation>
+    </message>
+    <message>
+        <source>written</source>
+        <translation>zapisano</translation>
+    </message>
+    <message>
+        <source>kind</source>
+        <translation>rodzaj</translation>
+    </message>
+    <message>
+        <source>with nodes on edges</source>
+        <translation>z węzłami na krawędziach</translation>
+    </message>
+    <message>
+        <source>left out</source>
+        <translation>pominięto</translation>
+    </message>
+    <message>
+        <source>flat tetrahedra</source>
+        <translation>czworościany płaskie</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 tetrahedra have nodes on their edges; only their corners were taken</source>
+        <translation>%1: czworościany z węzłami na krawędziach: %2 z %3; wzięto tylko ich narożniki</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 tetrahedra have a negative volume in the order of their points; the written file keeps no orientation</source>
+        <translation>%1: czworościany o ujemnej objętości przy kolejności swoich punktów: %2 z %3; zapisany plik nie przechowuje orientacji</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 tetrahedra are flat in six decimals; are the coordinates in millimetres?</source>
+        <translation>%1: czworościany płaskie przy sześciu miejscach po przecinku: %2 z %3; czy współrzędne są w milimetrach?</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for it</source>
+        <translation>za mało pamięci</translation>
+    </message>
+    <message>
+        <source>holds no tetrahedra</source>
+        <translation>nie zawiera czworościanów</translation>
+    </message>
+    <message>
+        <source>version 2.2 (&quot;gmsh -save -format msh22 -o OUT.msh IN.msh&quot; writes that)</source>
+        <translation>wersja 2.2 (zapisuje ją „gmsh -save -format msh22 -o OUT.msh IN.msh”)</translation>
+    </message>
+    <message>
+        <source>three numbers, &quot;2.2 0 8&quot;</source>
+        <translation>trzy liczby, „2.2 0 8”</translation>
+    </message>
+    <message>
+        <source>ASCII, &quot;2.2 0 8&quot; (&quot;gmsh -save -format msh22 -o OUT.msh IN.msh&quot; writes that)</source>
+        <translation>ASCII, „2.2 0 8” (zapisuje to „gmsh -save -format msh22 -o OUT.msh IN.msh”)</translation>
+    </message>
+    <message>
+        <source>the beginning of a section, such as &quot;$Nodes&quot;</source>
+        <translation>początek sekcji, na przykład „$Nodes”</translation>
+    </message>
+    <message>
+        <source>how many there are</source>
+        <translation>ile ich jest</translation>
+    </message>
+    <message>
+        <source>one section &quot;$Nodes&quot;</source>
+        <translation>jedna sekcja „$Nodes”</translation>
+    </message>
+    <message>
+        <source>two nodes have the number %1</source>
+        <translation>dwa węzły mają numer %1</translation>
+    </message>
+    <message>
+        <source>node %1 of %2, its number and three coordinates</source>
+        <translation>węzeł %1 z %2, jego numer i trzy współrzędne</translation>
+    </message>
+    <message>
+        <source>&quot;$Nodes&quot; before &quot;$Elements&quot;</source>
+        <translation>„$Nodes” przed „$Elements”</translation>
+    </message>
+    <message>
+        <source>one section &quot;$Elements&quot;</source>
+        <translation>jedna sekcja „$Elements”</translation>
+    </message>
+    <message>
+        <source>line %1: elements of the type %2 are not known</source>
+        <translation>wiersz %1: elementy typu %2 nie są znane</translation>
+    </message>
+    <message>
+        <source>element %1 of %2, its number, type, number of tags, tags and nodes</source>
+        <translation>element %1 z %2, jego numer, typ, liczba znaczników, znaczniki i węzły</translation>
+    </message>
+    <message>
+        <source>line %1: %2 are not read, only tetrahedra</source>
+        <translation>wiersz %1: %2 nie są czytane, tylko czworościany</translation>
+    </message>
+    <message>
+        <source>line %1: a tetrahedron refers to node %2, which is not there</source>
+        <translation>wiersz %1: czworościan odnosi się do węzła %2, którego nie ma</translation>
+    </message>
+    <message>
+        <source>line %1: a tetrahedron has node %2 twice</source>
+        <translation>wiersz %1: czworościan ma węzeł %2 dwa razy</translation>
+    </message>
+    <message>
+        <source>expected the suffix .vmesh</source>
+        <translation>oczekiwano rozszerzenia .vmesh</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for its face rows</source>
+        <translation>za mało pamięci na wiersze ścian</translation>
+    </message>
+    <message>
+        <source>what was written is not what was to be written; is the disk full?</source>
+        <translation>zapisano nie to, co miało być zapisane; czy dysk jest pełny?</translation>
+    </message>
+    <message>
+        <source>POINTS, CELLS and CELL_TYPES</source>
+        <translation>POINTS, CELLS i CELL_TYPES</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; and a number</source>
+        <translation>„%1” i liczba</translation>
+    </message>
+    <message>
+        <source>ASCII (write the file as text)</source>
+        <translation>ASCII (zapisz plik jako tekst)</translation>
+    </message>
+    <message>
+        <source>POINTS, CELLS, CELL_TYPES, FIELD or METADATA</source>
+        <translation>POINTS, CELLS, CELL_TYPES, FIELD lub METADATA</translation>
+    </message>
+    <message>
+        <source>one section POINTS</source>
+        <translation>jedna sekcja POINTS</translation>
+    </message>
+    <message>
+        <source>a coordinate of point %1 of %2</source>
+        <translation>współrzędna punktu %1 z %2</translation>
+    </message>
+    <message>
+        <source>POINTS before CELLS</source>
+        <translation>POINTS przed CELLS</translation>
+    </message>
+    <message>
+        <source>one section CELLS</source>
+        <translation>jedna sekcja CELLS</translation>
+    </message>
+    <message>
+        <source>the index of one of %1 points</source>
+        <translation>indeks jednego z punktów, których jest %1</translation>
+    </message>
+    <message>
+        <source>the number of points of cell %1 of %2, at most %3</source>
+        <translation>liczba punktów komórki %1 z %2, najwyżej %3</translation>
+    </message>
+    <message>
+        <source>line %1: CELLS announces %2 numbers and has %3</source>
+        <translation>wiersz %1: CELLS zapowiada liczb: %2, a ma: %3</translation>
+    </message>
+    <message>
+        <source>offset %1 of %2, from %3 to %4</source>
+        <translation>przesunięcie %1 z %2, od %3 do %4</translation>
+    </message>
+    <message>
+        <source>%1 as last offset</source>
+        <translation>%1 jako ostatnie przesunięcie</translation>
+    </message>
+    <message>
+        <source>CELLS before CELL_TYPES</source>
+        <translation>CELLS przed CELL_TYPES</translation>
+    </message>
+    <message>
+        <source>one section CELL_TYPES</source>
+        <translation>jedna sekcja CELL_TYPES</translation>
+    </message>
+    <message>
+        <source>the number of cells, %1</source>
+        <translation>liczba komórek, %1</translation>
+    </message>
+    <message>
+        <source>the type of cell %1 of %2</source>
+        <translation>typ komórki %1 z %2</translation>
+    </message>
+    <message>
+        <source>line %1: cells of the type %2 are not known</source>
+        <translation>wiersz %1: komórki typu %2 nie są znane</translation>
+    </message>
+    <message>
+        <source>line %1: the type of cell %2, %3, does not fit its %4 points</source>
+        <translation>wiersz %1: typ komórki %2, %3, nie pasuje do liczby jej punktów, %4</translation>
+    </message>
+    <message>
+        <source>cell %1, counted from 0: a tetrahedron has point %2 twice</source>
+        <translation>komórka %1, licząc od 0: czworościan ma punkt %2 dwa razy</translation>
+    </message>
+    <message>
+        <source>a value of a field</source>
+        <translation>wartość pola</translation>
+    </message>
+    <message>
+        <source>the file ends in line %1: expected %2</source>
+        <translation>plik kończy się w wierszu %1; oczekiwano: %2</translation>
+    </message>
 </context>
 </TS>

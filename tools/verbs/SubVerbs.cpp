@@ -1,5 +1,7 @@
 #include "verbs/SubVerbs.h"
 
+#include "describe/Command.h"
+
 #include <CLI/CLI.hpp>
 
 namespace tool {
@@ -13,7 +15,7 @@ SubVerbs::SubVerbs(CLI::App& verb)
 CLI::App& SubVerbs::add(std::string const& name, std::string const& purpose, Verb::Action action,
                         std::string const& examples)
 {
-    std::string const description = examples.empty() ? purpose : purpose + "\n\nExamples:\n" + examples;
+    std::string const description = examples.empty() ? purpose : purpose + examplesHeading() + examples;
     CLI::App* const verb = parent.add_subcommand(name, description);
     verb->fallthrough();
     rows->push_back({verb, std::move(action)});

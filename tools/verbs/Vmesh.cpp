@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "Verb.h"
 #include "verbs/SubVerbs.h"
 #include "volume/VolumeWork.h"
@@ -42,47 +43,49 @@ ExitCode conditions(Options const& options, Console& console)
 
 void addOutput(CLI::App& verb, SharedOptions const& options)
 {
-    verb.add_option("-o,--output", options->out, "File to write, .vmesh")->required();
-    verb.add_flag("--force", options->force, "Replace the file when it exists");
+    verb.add_option("-o,--output", options->out, Text::utf8("File to write, .vmesh"))->required();
+    verb.add_flag("--force", options->force, Text::utf8("Replace the file when it exists"));
 }
 
 void addFrom(SubVerbs& verbs, SharedOptions const& options)
 {
     CLI::App& verb = verbs.add(
-        "from", "Writes the tetrahedra of a file of a mesher as a volume mesh.",
+        "from", Text::utf8("Writes the tetrahedra of a file of a mesher as a volume mesh."),
         [options](Console& console) { return from(*options, console); },
         "  surfaceio vmesh from jaw.msh -o jaw.vmesh\n"
         "  surfaceio vmesh from jaw.vtk -o jaw.vmesh --keep-points");
-    verb.add_option("IN", options->in, "Gmsh file (.msh, version 2.2) or VTK file (.vtk), ASCII")->required();
+    verb.add_option("IN", options->in, Text::utf8("Gmsh file (.msh, version 2.2) or VTK file (.vtk), ASCII"))
+        ->required();
     addOutput(verb, options);
     verb.add_flag("--keep-points", options->keepsPoints,
-                  "Keep points that no tetrahedron has, so that all keep their numbers");
-    verb.add_flag("--json", options->json, "Print JSON, schema surfaceio.vmesh-from/1");
+                  Text::utf8("Keep points that no tetrahedron has, so that all keep their numbers"));
+    verb.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.vmesh-from/1"));
 }
 
 void addFaces(SubVerbs& verbs, SharedOptions const& options)
 {
     CLI::App& verb = verbs.add(
-        "faces", "Makes the face and bound-face rows of a volume mesh anew.",
+        "faces", Text::utf8("Makes the face and bound-face rows of a volume mesh anew."),
         [options](Console& console) { return faces(*options, console); },
         "  surfaceio vmesh faces jaw.vmesh -o mended.vmesh\n"
         "  surfaceio vmesh faces jaw.vmesh -o jaw.vmesh --force");
-    verb.add_option("IN", options->in, "A volume mesh")->required();
+    verb.add_option("IN", options->in, Text::utf8("A volume mesh"))->required();
     addOutput(verb, options);
-    verb.add_flag("--json", options->json, "Print JSON, schema surfaceio.vmesh-faces/1");
+    verb.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.vmesh-faces/1"));
 }
 
 void addConditions(SubVerbs& verbs, SharedOptions const& options)
 {
     CLI::App& verb = verbs.add(
-        "conditions", "Prints boundary conditions: sums, and each point with its value.",
+        "conditions", Text::utf8("Prints boundary conditions: sums, and each point with its value."),
         [options](Console& console) { return conditions(*options, console); },
         "  surfaceio vmesh conditions load.txt\n"
         "  surfaceio vmesh conditions load.txt --mesh jaw.vmesh --json");
-    verb.add_option("FILE", options->in, "A boundary-conditions file")->required();
-    verb.add_option("--mesh", options->mesh, "The volume mesh that they are for; shows where the points are")
+    verb.add_option("FILE", options->in, Text::utf8("A boundary-conditions file"))->required();
+    verb.add_option("--mesh", options->mesh,
+                    Text::utf8("The volume mesh that they are for; shows where the points are"))
         ->type_name("VMESH");
-    verb.add_flag("--json", options->json, "Print JSON, schema surfaceio.conditions/1");
+    verb.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.conditions/1"));
 }
 
 Verb::Action setUp(CLI::App& app)
@@ -99,7 +102,8 @@ Verb::Action setUp(CLI::App& app)
 
 Verb const vmeshVerb = {
     "vmesh",
-    "Makes and mends volume meshes and shows boundary conditions; info, check and convert take both, too.",
+    QT_TRANSLATE_NOOP("Text", "Makes and mends volume meshes and shows boundary conditions; info, check and "
+                              "convert take both, too."),
     "  surfaceio vmesh from jaw.msh -o jaw.vmesh\n"
     "  surfaceio vmesh conditions load.txt --mesh jaw.vmesh",
     setUp,

@@ -1,25 +1,25 @@
 #include "volume/CellKinds.h"
 
+#include "Text.h"
+
 #include <algorithm>
 #include <array>
 #include <span>
-
-using namespace Qt::StringLiterals;
 
 namespace tool::volume {
 
 namespace {
 
-constexpr auto points = "points"_L1;
-constexpr auto lines = "lines"_L1;
-constexpr auto triangles = "triangles"_L1;
-constexpr auto quadrangles = "quadrangles"_L1;
+constexpr QLatin1StringView points(QT_TRANSLATE_NOOP("Text", "points"));
+constexpr QLatin1StringView lines(QT_TRANSLATE_NOOP("Text", "lines"));
+constexpr QLatin1StringView triangles(QT_TRANSLATE_NOOP("Text", "triangles"));
+constexpr QLatin1StringView quadrangles(QT_TRANSLATE_NOOP("Text", "quadrangles"));
 constexpr auto tetrahedra = CellKind::tetrahedra;
-constexpr auto hexahedra = "hexahedra"_L1;
-constexpr auto prisms = "prisms"_L1;
-constexpr auto pyramids = "pyramids"_L1;
-constexpr auto polygons = "polygons"_L1;
-constexpr auto polyhedra = "polyhedra"_L1;
+constexpr QLatin1StringView hexahedra(QT_TRANSLATE_NOOP("Text", "hexahedra"));
+constexpr QLatin1StringView prisms(QT_TRANSLATE_NOOP("Text", "prisms"));
+constexpr QLatin1StringView pyramids(QT_TRANSLATE_NOOP("Text", "pyramids"));
+constexpr QLatin1StringView polygons(QT_TRANSLATE_NOOP("Text", "polygons"));
+constexpr QLatin1StringView polyhedra(QT_TRANSLATE_NOOP("Text", "polyhedra"));
 
 constexpr std::array gmshKinds = {
     CellKind{1, 1, 2, lines},        CellKind{2, 2, 3, triangles},    CellKind{3, 2, 4, quadrangles},

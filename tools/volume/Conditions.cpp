@@ -1,5 +1,6 @@
 #include "Problem.h"
 #include "Report.h"
+#include "Text.h"
 #include "inspect/Format.h"
 #include "volume/VolumeFile.h"
 #include "volume/VolumeWork.h"
@@ -46,9 +47,9 @@ Problem findProblem(MTModelBoundaryConditions const& conditions, qint32 pointCou
     for (qint64 k = 0; k < conditions.numBoundaryConditions; ++k) {
         qint32 const point = conditions.pointIndices.data()[k];
         if (point < 0 || point >= pointCount)
-            return {ExitCode::Malformed, u"line %1: a condition refers to point %2, of %3"_s.arg(
-                                             QString::number(ConditionsFile::lineOfCondition(k)),
-                                             QString::number(point), QString::number(pointCount))};
+            return {ExitCode::Malformed, Text::tr("line %1: a condition refers to point %2, of %3")
+                                             .arg(QString::number(ConditionsFile::lineOfCondition(k)),
+                                                  QString::number(point), QString::number(pointCount))};
     }
     return {};
 }
@@ -75,10 +76,10 @@ qint64 zeroConditions(MTModelBoundaryConditions const& conditions)
 Table components(MTModelBoundaryConditions const& conditions)
 {
     Table table;
-    table.columns = {{"component"_L1, u"component"_s},
-                     {"min"_L1, u"least"_s},
-                     {"max"_L1, u"greatest"_s},
-                     {"sum"_L1, u"sum"_s}};
+    table.columns = {{"component"_L1, Text::tr("component")},
+                     {"min"_L1, Text::tr("least")},
+                     {"max"_L1, Text::tr("greatest")},
+                     {"sum"_L1, Text::tr("sum")}};
     for (std::size_t axis = 0; axis < axes.size() && conditions.numBoundaryConditions > 0; ++axis) {
         float least = std::numeric_limits<float>::infinity();
         float greatest = -least;
@@ -97,9 +98,9 @@ Table components(MTModelBoundaryConditions const& conditions)
 Table rows(MTModelBoundaryConditions const& conditions, MTModelVMesh const* mesh)
 {
     Table table;
-    table.columns = {{"point"_L1, u"point"_s}, {"value"_L1, u"value"_s}};
+    table.columns = {{"point"_L1, Text::tr("point")}, {"value"_L1, Text::tr("value")}};
     if (mesh != nullptr)
-        table.columns.push_back({"position"_L1, u"position (mm)"_s});
+        table.columns.push_back({"position"_L1, Text::tr("position (mm)")});
     for (qint64 k = 0; k < conditions.numBoundaryConditions; ++k) {
         qint32 const point = conditions.pointIndices.data()[k];
         std::vector<Value> row = {point, vectorAt(conditions.values, k)};
@@ -126,12 +127,12 @@ ExitCode conditions(ConditionsOptions const& options, Console& console)
         return reported(problem, options.in, console);
     Report report;
     report.add("path"_L1, {}, options.in);
-    report.add("conditions"_L1, u"conditions"_s, file.conditions.numBoundaryConditions);
-    report.add("points"_L1, u"different points"_s, differentPoints(file.conditions));
-    report.add("zero"_L1, u"that are zero"_s, zeroConditions(file.conditions));
+    report.add("conditions"_L1, Text::tr("conditions"), file.conditions.numBoundaryConditions);
+    report.add("points"_L1, Text::tr("different points"), differentPoints(file.conditions));
+    report.add("zero"_L1, Text::tr("that are zero"), zeroConditions(file.conditions));
     bool const hasRows = file.conditions.numBoundaryConditions > 0;
-    report.add("components"_L1, hasRows ? u"components"_s : QString(), components(file.conditions));
-    report.add("rows"_L1, hasRows ? u"rows"_s : QString(),
+    report.add("components"_L1, hasRows ? Text::tr("components") : QString(), components(file.conditions));
+    report.add("rows"_L1, hasRows ? Text::tr("rows") : QString(),
                rows(file.conditions, hasMesh ? &volume.mesh : nullptr));
     console.result(options.json ? report.json("surfaceio.conditions/1"_L1) : report.text());
     return ExitCode::Ok;

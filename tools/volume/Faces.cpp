@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "inspect/Format.h"
 #include "volume/VolumeFindings.h"
 #include "volume/VolumeOutput.h"
@@ -16,12 +17,13 @@ Problem findProblem(VolumeFile const& file, VolumeFindings const& findings)
         return {ExitCode::Malformed, file.problem};
     if (findings.badReferenceCount > 0) {
         BadReference const& first = findings.badReferences.front();
-        return {ExitCode::Malformed, u"line %1: %2"_s.arg(QString::number(first.line), first.sentence)};
+        return {ExitCode::Malformed,
+                Text::tr("line %1: %2").arg(QString::number(first.line), first.sentence)};
     }
     if (findings.incomplete > 0)
-        return {ExitCode::Malformed,
-                u"%1 of %2 tetrahedra have points that no face row tells"_s.arg(findings.incomplete)
-                    .arg(file.mesh.numTetrahedra)};
+        return {ExitCode::Malformed, Text::tr("%1 of %2 tetrahedra have points that no face row tells")
+                                         .arg(findings.incomplete)
+                                         .arg(file.mesh.numTetrahedra)};
     return {};
 }
 
@@ -33,11 +35,11 @@ Problem read(QString const& path, VolumeFile& file, Console& console)
     VolumeFindings const findings = file.problem.isEmpty() ? findingsOf(file) : VolumeFindings();
     Problem problem = findProblem(file, findings);
     if (!problem && findings.foreignFaces > 0)
-        console.warning(
-            u"%1: %2 face rows with a point that their tetrahedron does not have are lost, the first in line %3"_s
-                .arg(path)
-                .arg(findings.foreignFaces)
-                .arg(findings.firstForeignLine));
+        console.warning(Text::tr("%1: %2 face rows with a point that their tetrahedron does not have are "
+                                 "lost, the first in line %3")
+                            .arg(path)
+                            .arg(findings.foreignFaces)
+                            .arg(findings.firstForeignLine));
     return problem;
 }
 
@@ -58,8 +60,8 @@ ExitCode faces(FacesOptions const& options, Console& console)
     Report report;
     report.add("path"_L1, {}, options.in);
     report.add("output"_L1, {}, options.out);
-    addCounts(report, "inFile"_L1, u"in the file"_s, file.mesh);
-    addCounts(report, "written"_L1, u"written"_s, written.mesh);
+    addCounts(report, "inFile"_L1, Text::tr("in the file"), file.mesh);
+    addCounts(report, "written"_L1, Text::tr("written"), written.mesh);
     console.result(options.json ? report.json("surfaceio.vmesh-faces/1"_L1) : report.text());
     return ExitCode::Ok;
 }

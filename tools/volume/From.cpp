@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "convert/Suffixes.h"
 #include "inspect/Format.h"
 #include "volume/TetrahedralMesh.h"
@@ -56,8 +57,8 @@ Problem read(QString const& path, TetrahedralMesh& mesh)
 {
     Source const* const source = rowFor(path, std::span<Source const>(sources));
     if (source == nullptr)
-        return {ExitCode::Usage,
-                u"expected one of the suffixes %1"_s.arg(joinedSuffixes(std::span<Source const>(sources)))};
+        return {ExitCode::Usage, Text::tr("expected one of the suffixes %1")
+                                     .arg(joinedSuffixes(std::span<Source const>(sources)))};
     if (QString const problem = whyNotRegular(path); !problem.isEmpty())
         return {ExitCode::ReadOrWriteFailed, problem};
     QByteArray text;
@@ -85,9 +86,9 @@ Problem write(OutputFile& output, Import& import)
 Table leftOutElements(TetrahedralMesh const& mesh)
 {
     Table table;
-    table.columns = {{"kind"_L1, u"kind"_s}, {"count"_L1, u"count"_s}};
+    table.columns = {{"kind"_L1, Text::tr("kind")}, {"count"_L1, Text::tr("count")}};
     for (auto const& [kind, count] : mesh.leftOut)
-        table.rows.push_back({kind, count});
+        table.rows.push_back({Text::tr(kind.toUtf8().constData()), count});
     return table;
 }
 
@@ -96,31 +97,33 @@ Report reportOf(Import const& import, FromOptions const& options, qint64 flat)
     Report report;
     report.add("path"_L1, {}, options.in);
     report.add("output"_L1, {}, options.out);
-    Report& inFile = report.section("inFile"_L1, u"in the file"_s);
-    inFile.add("tetrahedra"_L1, u"tetrahedra"_s, import.tetrahedra);
-    inFile.add("curved"_L1, u"with nodes on edges"_s, import.mesh.curved);
-    inFile.add("inverted"_L1, u"inverted"_s, import.inverted);
-    inFile.add("points"_L1, u"points"_s, import.points);
-    Report& leftOut = report.section("leftOut"_L1, u"left out"_s);
-    leftOut.add("points"_L1, u"points"_s, import.removedPoints);
-    leftOut.add("elements"_L1, import.mesh.leftOut.empty() ? QString() : u"elements"_s,
+    Report& inFile = report.section("inFile"_L1, Text::tr("in the file"));
+    inFile.add("tetrahedra"_L1, Text::tr("tetrahedra"), import.tetrahedra);
+    inFile.add("curved"_L1, Text::tr("with nodes on edges"), import.mesh.curved);
+    inFile.add("inverted"_L1, Text::tr("inverted"), import.inverted);
+    inFile.add("points"_L1, Text::tr("points"), import.points);
+    Report& leftOut = report.section("leftOut"_L1, Text::tr("left out"));
+    leftOut.add("points"_L1, Text::tr("points"), import.removedPoints);
+    leftOut.add("elements"_L1, import.mesh.leftOut.empty() ? QString() : Text::tr("elements"),
                 leftOutElements(import.mesh));
-    Report& written = addCounts(report, "written"_L1, u"written"_s, import.written.mesh);
-    written.add("flat"_L1, u"flat tetrahedra"_s, flat);
+    Report& written = addCounts(report, "written"_L1, Text::tr("written"), import.written.mesh);
+    written.add("flat"_L1, Text::tr("flat tetrahedra"), flat);
     return report;
 }
 
 void warn(Import const& import, FromOptions const& options, qint64 flat, Console& console)
 {
-    QString const ofAll = u"%1: %2 of %3 tetrahedra "_s;
     auto const say = [&](qint64 count, QString const& sentence) {
         if (count > 0)
-            console.warning(ofAll.arg(options.in).arg(count).arg(import.tetrahedra) + sentence);
+            console.warning(sentence.arg(options.in).arg(count).arg(import.tetrahedra));
     };
-    say(import.mesh.curved, u"have nodes on their edges; only their corners were taken"_s);
+    say(import.mesh.curved,
+        Text::tr("%1: %2 of %3 tetrahedra have nodes on their edges; only their corners were taken"));
     say(import.inverted,
-        u"have a negative volume in the order of their points; the written file keeps no orientation"_s);
-    say(flat, u"are flat in six decimals; are the coordinates in millimetres?"_s);
+        Text::tr("%1: %2 of %3 tetrahedra have a negative volume in the order of their points; "
+                 "the written file keeps no orientation"));
+    say(flat,
+        Text::tr("%1: %2 of %3 tetrahedra are flat in six decimals; are the coordinates in millimetres?"));
 }
 
 ExitCode import(FromOptions const& options, Console& console)
@@ -148,8 +151,8 @@ ExitCode from(FromOptions const& options, Console& console)
     try {
         return import(options, console);
     } catch (std::bad_alloc const&) {
-        return reported({ExitCode::ReadOrWriteFailed, u"there is not enough memory for it"_s}, options.in,
-                        console);
+        return reported({ExitCode::ReadOrWriteFailed, Text::tr("there is not enough memory for it")},
+                        options.in, console);
     }
 }
 

@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "volume/CellKinds.h"
 #include "volume/TetrahedralMesh.h"
 #include "volume/Words.h"
@@ -11,8 +12,6 @@ using namespace Qt::StringLiterals;
 namespace tool::volume {
 
 namespace {
-
-constexpr auto remedy = "\"gmsh -save -format msh22 -o OUT.msh IN.msh\" writes that"_L1;
 
 /// The numbers that a file gives its nodes, any positive ones in any order, and their places in it.
 class NodeNumbers
@@ -74,7 +73,7 @@ public:
         }
         if (!hasElements)
             return malformed(words.expected(hasNodes ? u"\"$Elements\""_s : u"\"$Nodes\""_s));
-        return mesh.tetrahedra.empty() ? unsupported(u"holds no tetrahedra"_s) : Problem();
+        return mesh.tetrahedra.empty() ? unsupported(Text::tr("holds no tetrahedra")) : Problem();
     }
 
 private:
@@ -114,13 +113,15 @@ Problem GmshReader::readFormat()
         return problem;
     words.next();
     if (words.word() != "2.2")
-        return unsupported(words.expected(u"version 2.2 (%1)"_s.arg(remedy)));
+        return unsupported(words.expected(
+            Text::tr("version 2.2 (\"gmsh -save -format msh22 -o OUT.msh IN.msh\" writes that)")));
     std::optional<qint64> const encoding = words.nextInLine() ? integerIn(words.word()) : std::nullopt;
     bool const hasSize = words.nextInLine() && integerIn(words.word());
     if (!encoding || !hasSize || words.nextInLine())
-        return malformed(words.expectedLine(u"three numbers, \"2.2 0 8\""_s));
+        return malformed(words.expectedLine(Text::tr("three numbers, \"2.2 0 8\"")));
     if (*encoding != 0)
-        return unsupported(words.expectedLine(u"ASCII, \"2.2 0 8\" (%1)"_s.arg(remedy)));
+        return unsupported(words.expectedLine(
+            Text::tr("ASCII, \"2.2 0 8\" (\"gmsh -save -format msh22 -o OUT.msh IN.msh\" writes that)")));
     return expectWord("$EndMeshFormat");
 }
 
@@ -128,7 +129,7 @@ Problem GmshReader::readSection()
 {
     QByteArray const name = words.word().toByteArray();
     if (!name.startsWith('$') || name.startsWith("$End"))
-        return malformed(words.expectedLine(u"the beginning of a section, such as \"$Nodes\""_s));
+        return malformed(words.expectedLine(Text::tr("the beginning of a section, such as \"$Nodes\"")));
     if (name == "$Nodes")
         return readNodes();
     return name == "$Elements" ? readElements() : skipSection("$End" + name.mid(1));
@@ -163,7 +164,7 @@ bool GmshReader::readRow()
 Problem GmshReader::readCount(qint64& count)
 {
     if (!readRow() || row.size() != 1 || row[0] < 0)
-        return malformed(words.expectedLine(u"how many there are"_s));
+        return malformed(words.expectedLine(Text::tr("how many there are")));
     count = row[0];
     return {};
 }
@@ -171,7 +172,7 @@ Problem GmshReader::readCount(qint64& count)
 Problem GmshReader::readNodes()
 {
     if (std::exchange(hasNodes, true))
-        return malformed(words.expectedLine(u"one section \"$Nodes\""_s));
+        return malformed(words.expectedLine(Text::tr("one section \"$Nodes\"")));
     qint64 count = 0;
     if (Problem problem = readCount(count))
         return problem;
@@ -180,7 +181,7 @@ Problem GmshReader::readNodes()
             return problem;
     }
     if (qint64 const twice = nodes.finish(); twice != 0)
-        return malformed(u"two nodes have the number %1"_s.arg(twice));
+        return malformed(Text::tr("two nodes have the number %1").arg(twice));
     return expectWord("$EndNodes");
 }
 
@@ -197,8 +198,8 @@ Problem GmshReader::readNode(qint64 index, qint64 count)
         mesh.points.push_back(coordinate.value_or(0.0F));
     }
     if (!isSound || words.nextInLine())
-        return malformed(words.expectedLine(u"node %1 of %2, its number and three coordinates"_s.arg(
-            QString::number(index + 1), QString::number(count))));
+        return malformed(words.expectedLine(Text::tr("node %1 of %2, its number and three coordinates")
+                                                .arg(QString::number(index + 1), QString::number(count))));
     nodes.add(*number);
     return {};
 }
@@ -206,9 +207,9 @@ Problem GmshReader::readNode(qint64 index, qint64 count)
 Problem GmshReader::readElements()
 {
     if (!hasNodes)
-        return malformed(words.expectedLine(u"\"$Nodes\" before \"$Elements\""_s));
+        return malformed(words.expectedLine(Text::tr("\"$Nodes\" before \"$Elements\"")));
     if (std::exchange(hasElements, true))
-        return malformed(words.expectedLine(u"one section \"$Elements\""_s));
+        return malformed(words.expectedLine(Text::tr("one section \"$Elements\"")));
     qint64 count = 0;
     if (Problem problem = readCount(count))
         return problem;
@@ -228,11 +229,12 @@ Problem GmshReader::readElement(qint64 index, qint64 count)
     bool const isRow = readRow() && qint64(row.size()) > leastNumbers && row[2] >= 0;
     CellKind const* const kind = isRow ? gmshKind(row[1]) : nullptr;
     if (isRow && kind == nullptr)
-        return unsupported(u"line %1: elements of the type %2 are not known"_s.arg(words.line()).arg(row[1]));
+        return unsupported(
+            Text::tr("line %1: elements of the type %2 are not known").arg(words.line()).arg(row[1]));
     if (!isRow || qint64(row.size()) - leastNumbers - kind->nodes != row[2])
         return malformed(
-            words.expectedLine(u"element %1 of %2, its number, type, number of tags, tags and nodes"_s.arg(
-                QString::number(index + 1), QString::number(count))));
+            words.expectedLine(Text::tr("element %1 of %2, its number, type, number of tags, tags and nodes")
+                                   .arg(QString::number(index + 1), QString::number(count))));
     return takeElement(*kind, row[2]);
 }
 
@@ -245,8 +247,8 @@ Problem GmshReader::takeElement(CellKind const& kind, qint64 tags)
         return takeTetrahedron();
     }
     if (kind.dimension == 3)
-        return unsupported(
-            u"line %1: %2 are not read, only tetrahedra"_s.arg(QString::number(words.line()), kind.name));
+        return unsupported(Text::tr("line %1: %2 are not read, only tetrahedra")
+                               .arg(QString::number(words.line()), Text::shown(kind.name)));
     ++mesh.leftOut[kind.name];
     return {};
 }
@@ -258,11 +260,12 @@ Problem GmshReader::takeTetrahedron()
     for (std::size_t i = 0; i < corners.size(); ++i) {
         corners[i] = nodes.placeOf(row[i]);
         if (corners[i] < 0)
-            return malformed(
-                u"line %1: a tetrahedron refers to node %2, which is not there"_s.arg(words.line())
-                    .arg(row[i]));
+            return malformed(Text::tr("line %1: a tetrahedron refers to node %2, which is not there")
+                                 .arg(words.line())
+                                 .arg(row[i]));
         if (std::find(corners.begin(), corners.begin() + i, corners[i]) != corners.begin() + i)
-            return malformed(u"line %1: a tetrahedron has node %2 twice"_s.arg(words.line()).arg(row[i]));
+            return malformed(
+                Text::tr("line %1: a tetrahedron has node %2 twice").arg(words.line()).arg(row[i]));
     }
     mesh.tetrahedra.insert(mesh.tetrahedra.end(), corners.begin(), corners.end());
     return {};

@@ -1,5 +1,6 @@
 #include "volume/VolumeOutput.h"
 
+#include "Text.h"
 #include "convert/Suffixes.h"
 #include "vmesh/FaceRows.h"
 #include "vmesh/MTModelVMeshWriter.h"
@@ -50,20 +51,20 @@ bool isSame(MTModelVMesh const& mesh, MTModelVMesh const& written)
 Problem openVolumeFile(OutputFile& output, QString const& path, bool mayReplace)
 {
     if (!hasSuffix(path, "vmesh"_L1))
-        return {ExitCode::Usage, u"expected the suffix .vmesh"_s};
+        return {ExitCode::Usage, Text::tr("expected the suffix .vmesh")};
     return failed(output.open(mayReplace));
 }
 
 Problem writeVolumeFile(OutputFile& output, MTModelVMesh& mesh, VolumeFile& written)
 {
     if (!deriveFaceRows(mesh))
-        return failed(u"there is not enough memory for its face rows"_s);
+        return failed(Text::tr("there is not enough memory for its face rows"));
     if (!MTModelVMeshWriter(mesh).write(output.temporaryPath()))
-        return failed(u"could not be written"_s);
+        return failed(Text::tr("could not be written"));
     // The writer does not notice a full disk.
     written = readVolumeFile(output.temporaryPath());
     if (!written.problem.isEmpty() || !isSame(mesh, written.mesh))
-        return failed(u"what was written is not what was to be written; is the disk full?"_s);
+        return failed(Text::tr("what was written is not what was to be written; is the disk full?"));
     constexpr qint64 anySize = -1;
     return failed(output.commit(anySize));
 }
@@ -71,10 +72,10 @@ Problem writeVolumeFile(OutputFile& output, MTModelVMesh& mesh, VolumeFile& writ
 Report& addCounts(Report& report, QLatin1StringView key, QString const& label, MTModelVMesh const& mesh)
 {
     Report& counts = report.section(key, label);
-    counts.add("tetrahedra"_L1, u"tetrahedra"_s, mesh.numTetrahedra);
-    counts.add("faces"_L1, u"face rows"_s, mesh.numFaces);
-    counts.add("boundFaces"_L1, u"bound-face rows"_s, mesh.numBoundFaces);
-    counts.add("points"_L1, u"points"_s, mesh.numPoints);
+    counts.add("tetrahedra"_L1, Text::tr("tetrahedra"), mesh.numTetrahedra);
+    counts.add("faces"_L1, Text::tr("face rows"), mesh.numFaces);
+    counts.add("boundFaces"_L1, Text::tr("bound-face rows"), mesh.numBoundFaces);
+    counts.add("points"_L1, Text::tr("points"), mesh.numPoints);
     return counts;
 }
 

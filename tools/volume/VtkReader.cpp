@@ -1,3 +1,4 @@
+#include "Text.h"
 #include "volume/CellKinds.h"
 #include "volume/TetrahedralMesh.h"
 #include "volume/Words.h"
@@ -15,9 +16,10 @@ namespace {
 constexpr qint64 mostCounted = std::numeric_limits<qint32>::max();
 constexpr QByteArrayView firstWords = "# vtk DataFile Version ";
 
-QString ofMany(QLatin1StringView thing, qint64 index, qint64 count)
+// The text with the places of a number, counted from 1, and of how many there are.
+QString ofMany(QString const& text, qint64 index, qint64 count)
 {
-    return u"%1 %2 of %3"_s.arg(thing, QString::number(index + 1), QString::number(count));
+    return text.arg(QString::number(index + 1), QString::number(count));
 }
 
 class VtkReader
@@ -38,8 +40,8 @@ public:
                 return problem;
         }
         if (!hasPoints || !hasCells || !hasTypes)
-            return malformed(words.expected(u"POINTS, CELLS and CELL_TYPES"_s));
-        return mesh.tetrahedra.empty() ? unsupported(u"holds no tetrahedra"_s) : Problem();
+            return malformed(words.expected(Text::tr("POINTS, CELLS and CELL_TYPES")));
+        return mesh.tetrahedra.empty() ? unsupported(Text::tr("holds no tetrahedra")) : Problem();
     }
 
 private:
@@ -80,13 +82,13 @@ Problem VtkReader::readHeader()
 {
     words.next();
     if (!text.startsWith(firstWords))
-        return malformed(
-            words.expectedLine(u"\"%1\" and a number"_s.arg(QLatin1StringView(firstWords.chopped(1)))));
+        return malformed(words.expectedLine(
+            Text::tr("\"%1\" and a number").arg(QLatin1StringView(firstWords.chopped(1)))));
     words.nextLine();
     words.nextLine(); // the title
     words.next();
     if (words.word() == "BINARY")
-        return unsupported(words.expected(u"ASCII (write the file as text)"_s));
+        return unsupported(words.expected(Text::tr("ASCII (write the file as text)")));
     if (words.word() != "ASCII")
         return malformed(words.expected(u"ASCII"_s));
     if (Problem problem = expectWord("DATASET"))
@@ -117,7 +119,7 @@ Problem VtkReader::readSection()
     auto const section = std::find_if(sections.begin(), sections.end(),
                                       [this](Section const& row) { return row.keyword == words.word(); });
     if (section == sections.end())
-        return malformed(words.expected(u"POINTS, CELLS, CELL_TYPES, FIELD or METADATA"_s));
+        return malformed(words.expected(Text::tr("POINTS, CELLS, CELL_TYPES, FIELD or METADATA")));
     return (this->*section->read)();
 }
 
@@ -132,13 +134,14 @@ bool VtkReader::readNumber(qint64 least, qint64 most, qint64& number)
 
 Problem VtkReader::readCount(qint64& count)
 {
-    return readNumber(0, mostCounted, count) ? Problem() : malformed(words.expected(u"how many there are"_s));
+    return readNumber(0, mostCounted, count) ? Problem()
+                                             : malformed(words.expected(Text::tr("how many there are")));
 }
 
 Problem VtkReader::readPoints()
 {
     if (std::exchange(hasPoints, true))
-        return malformed(words.expected(u"one section POINTS"_s));
+        return malformed(words.expected(Text::tr("one section POINTS")));
     qint64 count = 0;
     if (Problem problem = readCount(count))
         return problem;
@@ -146,7 +149,8 @@ Problem VtkReader::readPoints()
     for (qint64 i = 0; i < 3 * count; ++i) {
         std::optional<float> const coordinate = words.next() ? coordinateIn(words.word()) : std::nullopt;
         if (!coordinate)
-            return malformed(words.expected(ofMany("a coordinate of point"_L1, i / 3, count)));
+            return malformed(
+                words.expected(ofMany(Text::tr("a coordinate of point %1 of %2"), i / 3, count)));
         if (Problem problem = interruption())
             return problem;
         mesh.points.push_back(*coordinate);
@@ -157,9 +161,9 @@ Problem VtkReader::readPoints()
 Problem VtkReader::readCells()
 {
     if (!hasPoints)
-        return malformed(words.expected(u"POINTS before CELLS"_s));
+        return malformed(words.expected(Text::tr("POINTS before CELLS")));
     if (std::exchange(hasCells, true))
-        return malformed(words.expected(u"one section CELLS"_s));
+        return malformed(words.expected(Text::tr("one section CELLS")));
     qint64 first = 0;
     qint64 second = 0;
     if (Problem problem = readCount(first))
@@ -176,7 +180,7 @@ Problem VtkReader::readIndex()
 {
     qint64 index = 0;
     if (!readNumber(0, mesh.pointCount() - 1, index))
-        return malformed(words.expected(u"the index of one of %1 points"_s.arg(mesh.pointCount())));
+        return malformed(words.expected(Text::tr("the index of one of %1 points").arg(mesh.pointCount())));
     indices.push_back(static_cast<qint32>(index));
     return {};
 }
@@ -189,7 +193,7 @@ Problem VtkReader::readCounted(qint64 cells, qint64 numbers)
         qint64 count = 0;
         if (!readNumber(0, room, count))
             return malformed(words.expected(
-                u"the number of points of %1, at most %2"_s.arg(ofMany("cell"_L1, k, cells)).arg(room)));
+                ofMany(Text::tr("the number of points of cell %1 of %2, at most %3"), k, cells).arg(room)));
         if (Problem problem = interruption())
             return problem;
         for (qint64 i = 0; i < count; ++i) {
@@ -200,7 +204,8 @@ Problem VtkReader::readCounted(qint64 cells, qint64 numbers)
     }
     qint64 const found = cells + qint64(indices.size());
     return found == numbers ? Problem()
-                            : malformed(u"line %1: CELLS announces %2 numbers and has %3"_s.arg(words.line())
+                            : malformed(Text::tr("line %1: CELLS announces %2 numbers and has %3")
+                                            .arg(words.line())
                                             .arg(numbers)
                                             .arg(found));
 }
@@ -215,12 +220,12 @@ Problem VtkReader::readOffsets(qint64 offsets, qint64 numbers)
         qint64 const most = k == 0 ? 0 : numbers;
         if (!readNumber(least, most, least))
             return malformed(words.expected(
-                u"%1, from %2 to %3"_s.arg(ofMany("offset"_L1, k, offsets)).arg(least).arg(most)));
+                ofMany(Text::tr("offset %1 of %2, from %3 to %4"), k, offsets).arg(least).arg(most)));
         if (k > 0)
             ends.push_back(least);
     }
     if (least != numbers)
-        return malformed(words.expected(u"%1 as last offset"_s.arg(numbers)));
+        return malformed(words.expected(Text::tr("%1 as last offset").arg(numbers)));
     return readConnectivity(numbers);
 }
 
@@ -239,20 +244,21 @@ Problem VtkReader::readConnectivity(qint64 numbers)
 Problem VtkReader::readTypes()
 {
     if (!hasCells)
-        return malformed(words.expected(u"CELLS before CELL_TYPES"_s));
+        return malformed(words.expected(Text::tr("CELLS before CELL_TYPES")));
     if (std::exchange(hasTypes, true))
-        return malformed(words.expected(u"one section CELL_TYPES"_s));
+        return malformed(words.expected(Text::tr("one section CELL_TYPES")));
     qint64 const cells = qint64(ends.size());
     qint64 count = 0;
     if (!readNumber(cells, cells, count))
-        return malformed(words.expected(u"the number of cells, %1"_s.arg(cells)));
+        return malformed(words.expected(Text::tr("the number of cells, %1").arg(cells)));
     for (qint64 k = 0; k < count; ++k) {
         qint64 code = 0;
         if (!readNumber(0, mostCounted, code))
-            return malformed(words.expected(ofMany("the type of cell"_L1, k, count)));
+            return malformed(words.expected(ofMany(Text::tr("the type of cell %1 of %2"), k, count)));
         CellKind const* const kind = vtkKind(code);
         if (kind == nullptr)
-            return unsupported(u"line %1: cells of the type %2 are not known"_s.arg(words.line()).arg(code));
+            return unsupported(
+                Text::tr("line %1: cells of the type %2 are not known").arg(words.line()).arg(code));
         if (Problem problem = takeCell(*kind, k))
             return problem;
     }
@@ -262,14 +268,15 @@ Problem VtkReader::readTypes()
 Problem VtkReader::takeCell(CellKind const& kind, qint64 cell)
 {
     if (!kind.isTetrahedron() && kind.dimension == 3)
-        return unsupported(
-            u"line %1: %2 are not read, only tetrahedra"_s.arg(QString::number(words.line()), kind.name));
+        return unsupported(Text::tr("line %1: %2 are not read, only tetrahedra")
+                               .arg(QString::number(words.line()), Text::shown(kind.name)));
     std::size_t const k = static_cast<std::size_t>(cell);
     qint64 const points = ends[k] - (k == 0 ? 0 : ends[k - 1]);
     bool const isSound = kind.nodes == 0 ? !kind.isTetrahedron() || points >= 4 : points == kind.nodes;
     if (!isSound)
-        return malformed(u"line %1: the type of cell %2, %3, does not fit its %4 points"_s.arg(
-            QString::number(words.line()), QString::number(cell), kind.name, QString::number(points)));
+        return malformed(Text::tr("line %1: the type of cell %2, %3, does not fit its %4 points")
+                             .arg(QString::number(words.line()), QString::number(cell),
+                                  Text::shown(kind.name), QString::number(points)));
     if (kind.isTetrahedron()) {
         mesh.curved += points > 4 ? 1 : 0;
         return takeTetrahedron(cell);
@@ -284,8 +291,9 @@ Problem VtkReader::takeTetrahedron(qint64 cell)
     auto const corners = indices.begin() + begin;
     for (int i = 1; i < 4; ++i) {
         if (std::find(corners, corners + i, corners[i]) != corners + i)
-            return malformed(
-                u"cell %1, counted from 0: a tetrahedron has point %2 twice"_s.arg(cell).arg(corners[i]));
+            return malformed(Text::tr("cell %1, counted from 0: a tetrahedron has point %2 twice")
+                                 .arg(cell)
+                                 .arg(corners[i]));
     }
     mesh.tetrahedra.insert(mesh.tetrahedra.end(), corners, corners + 4);
     return {};
@@ -313,7 +321,7 @@ Problem VtkReader::skipField()
         words.next();
         for (qint64 value = 0; value < components * tuples; ++value) {
             if (!words.next())
-                return malformed(words.expected(u"a value of a field"_s));
+                return malformed(words.expected(Text::tr("a value of a field")));
         }
     }
     return {};

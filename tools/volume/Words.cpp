@@ -1,5 +1,7 @@
 #include "volume/Words.h"
 
+#include "Text.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -75,10 +77,10 @@ QString Words::expectedLine(QString const& what) const
 QString Words::expected(QString const& what, QByteArrayView instead) const
 {
     if (found.isEmpty() && atEnd())
-        return u"the file ends in line %1: expected %2"_s.arg(QString::number(number), what);
+        return Text::tr("the file ends in line %1: expected %2").arg(QString::number(number), what);
     QByteArrayView const shown = instead.first(std::min(instead.size(), shownCharacters));
-    return u"line %1: expected %2, found \"%3\""_s.arg(QString::number(number), what,
-                                                       QString::fromLatin1(shown));
+    return Text::tr("line %1: expected %2, found \"%3\"")
+        .arg(QString::number(number), what, QString::fromLatin1(shown));
 }
 
 // False at the end of the line.
