@@ -202,10 +202,12 @@ private Q_SLOTS:
         QTest::newRow("program") << QStringList{u"--help"_s};
         QTest::newRow("manual") << QStringList{u"manual"_s};
         for (char const* const verb :
-             {"info",        "check",       "convert",       "bake",         "atlas",   "preview",
-              "header",      "header get",  "header set",    "header clear", "tags",    "tags list",
-              "tags split",  "tags merge",  "tags relabel",  "sample",       "formats", "bundle",
-              "bundle list", "bundle pack", "bundle unpack", "completion",   "manual"})
+             {"info",          "check",     "convert",    "bake",        "atlas",
+              "preview",       "header",    "header get", "header set",  "header clear",
+              "tags",          "tags list", "tags split", "tags merge",  "tags relabel",
+              "sample",        "formats",   "bundle",     "bundle list", "bundle pack",
+              "bundle unpack", "vmesh",     "vmesh from", "vmesh faces", "vmesh conditions",
+              "completion",    "manual"})
             QTest::newRow(verb) << QString::fromLatin1(verb).split(u' ') + QStringList{u"--help"_s};
     }
 
