@@ -1,7 +1,9 @@
 #include "framework/MeshWriter.h"
 
 #include "framework/FileAccess.h"
+#include "framework/MemoryGuard.h"
 #include "framework/MeshRecord.h"
+#include "framework/RowBlocks.h"
 #include "ply/PLYWriter.h"
 #include "stl/STLWriter.h"
 
@@ -12,7 +14,7 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <array>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -42,19 +44,33 @@ bool writeStl(QString const& path, geometry::Mesh const& mesh)
 
 // What the stream's operators write, many values at once.
 template <typename Value>
-void writeArray(QDataStream& stream, Value const* values, qint64 count)
+bool writeArray(RowBlocks& blocks, Value const* values, qint64 count)
 {
-    using meshrecord::valuesAtOnce;
     using Stored = meshrecord::Stored<Value>;
-    std::array<char, valuesAtOnce * sizeof(Stored)> block;
     while (count > 0) {
-        qint64 const size = std::min(count, valuesAtOnce);
-        char* target = block.data();
+        std::span<char> const room = blocks.room();
+        qint64 const size = std::min(count, static_cast<qint64>(room.size() / sizeof(Stored)));
+        char* target = room.data();
         for (Value const* const end = values + size; values != end; ++values, target += sizeof(Stored))
             qToBigEndian(static_cast<Stored>(*values), target);
-        stream.writeRawData(block.data(), static_cast<int>(target - block.data()));
+        if (!blocks.take(target - room.data()))
+            return false;
         count -= size;
     }
+    return true;
+}
+
+// That the device takes no more is not looked at.
+void writeRecord(QDataStream& stream, int numVertices, float const* vertices, float const* normals,
+                 int numIndices, int const* indices)
+{
+    stream << qint32(numVertices) << qint32(numIndices);
+    RowBlocks blocks(stream, sizeof(double));
+    bool const isWhole = writeArray(blocks, vertices, 3 * qint64(numVertices)) &&
+                         writeArray(blocks, normals, 3 * qint64(numVertices)) &&
+                         writeArray(blocks, indices, numIndices);
+    if (isWhole)
+        blocks.write();
 }
 
 } // namespace
@@ -78,9 +94,8 @@ bool MeshWriter::write(QString const& path, int numVertices, float* vertices, fl
         return false;
     QDataStream stream(&file);
     stream.setVersion(QDataStream::Qt_5_15);
-    stream << qint32(numVertices) << qint32(numIndices);
-    writeArray(stream, vertices, 3 * qint64(numVertices));
-    writeArray(stream, normals, 3 * qint64(numVertices));
-    writeArray(stream, indices, numIndices);
-    return true;
+    return memory::succeeds([&] {
+        writeRecord(stream, numVertices, vertices, normals, numIndices, indices);
+        return true;
+    });
 }

@@ -15,7 +15,8 @@ public:
     static bool write(QString const& path, geometry::Mesh const& mesh);
 
     /// Writes a mesh array record (see `MeshReader::read`): `vertices` and `normals` hold 3 * `numVertices`
-    /// floats, `indices` `numIndices` ints. False when the file cannot be opened.
+    /// floats, `indices` `numIndices` ints. False when the file cannot be opened or there is no memory for
+    /// the first block.
     static bool write(QString const& path, int numVertices, float* vertices, float* normals, int numIndices,
                       int* indices);
 };

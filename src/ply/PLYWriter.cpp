@@ -2,6 +2,7 @@
 
 #include "framework/FileAccess.h"
 #include "framework/MemoryGuard.h"
+#include "framework/RowBlocks.h"
 #include "inhouse/data/Unstrip.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,9 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
 #include <initializer_list>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -23,28 +26,95 @@ namespace {
 constexpr qsizetype indicesPerTriangle = 4;
 constexpr quint8 corners = 3;
 
-constexpr qsizetype longestVertexBytes = 2 * 3 * 4 + 4;
+constexpr qsizetype vectorBytes = sizeof(QVector3D);
 constexpr qsizetype faceBytes = 1 + 3 * 4;
 constexpr qsizetype materialBytes = 4 * (3 + 4) + 3 * 4 + 1;
 
-// Rows of the body, many of them gathered for one write.
-class Rows
+struct VertexLists
+{
+    QVector3D const* positions;
+    QVector3D const* normals;
+    unsigned int const* colors;
+};
+
+char* putVector(QVector3D const& vector, char* target)
+{
+    static_assert(vectorBytes == 3 * sizeof(float));
+    qToLittleEndian<float>(&vector, 3, target);
+    return target + vectorBytes;
+}
+
+// The rows of the vertices from `first` on.
+template <bool hasNormals, std::size_t colorBytes>
+void putVertices(VertexLists const& lists, qsizetype first, qsizetype count, char* target)
+{
+    for (qsizetype i = first; i < first + count; ++i) {
+        target = putVector(lists.positions[i], target);
+        if constexpr (hasNormals)
+            target = putVector(lists.normals[i], target);
+        if constexpr (colorBytes > 0) {
+            unsigned int const color = qToLittleEndian(lists.colors[i]); // red comes first
+            std::memcpy(target, &color, colorBytes);
+            target += colorBytes;
+        }
+    }
+}
+
+// A layout of vertex rows, which no row has to ask for again.
+struct VertexLayout
+{
+    qsizetype rowBytes;
+    void (*put)(VertexLists const& lists, qsizetype first, qsizetype count, char* target);
+};
+
+template <bool hasNormals>
+VertexLayout vertexLayout(std::size_t colorBytes)
+{
+    constexpr qsizetype coordinateBytes = (hasNormals ? 2 : 1) * vectorBytes;
+    switch (colorBytes) {
+    case 0:
+        return {coordinateBytes, putVertices<hasNormals, 0>};
+    case 3:
+        return {coordinateBytes + 3, putVertices<hasNormals, 3>};
+    default:
+        return {coordinateBytes + 4, putVertices<hasNormals, 4>};
+    }
+}
+
+// The rows of faces, of whose four entries the last is left out.
+void putFaces(int const* indices, qsizetype count, char* target)
+{
+    for (int const* const end = indices + count * indicesPerTriangle; indices != end;
+         indices += indicesPerTriangle, target += faceBytes) {
+        *target = static_cast<char>(corners);
+        qToLittleEndian<qint32>(indices, corners, target + 1);
+    }
+}
+
+// Writes `count` rows of equal length, which `put(first, count, target)` makes.
+template <typename Put>
+bool writeRows(QDataStream& stream, qsizetype count, qsizetype rowBytes, Put const& put)
+{
+    RowBlocks blocks(stream, rowBytes);
+    for (qsizetype first = 0; first < count;) {
+        std::span<char> const room = blocks.room();
+        qsizetype const rows = std::min(count - first, static_cast<qsizetype>(room.size()) / rowBytes);
+        put(first, rows, room.data());
+        if (!blocks.take(rows * rowBytes))
+            return false;
+        first += rows;
+    }
+    return blocks.write();
+}
+
+class MaterialRow
 {
 public:
-    explicit Rows(QDataStream& stream_)
-        : stream(stream_)
-        , bytes(blockBytes + longestRow, Qt::Uninitialized)
-        , next(bytes.data())
-    {}
-
     void put(quint8 value) { *next++ = static_cast<char>(value); }
-    void put(int value) { putWord(static_cast<quint32>(value)); }
-    void put(float value) { putWord(std::bit_cast<quint32>(value)); }
-    void put(QVector3D const& vector)
+    void put(float value)
     {
-        static_assert(sizeof(QVector3D) == 3 * sizeof(float));
-        qToLittleEndian<float>(&vector, 3, next);
-        next += sizeof(QVector3D);
+        qToLittleEndian(std::bit_cast<quint32>(value), next);
+        next += sizeof(value);
     }
     void put(QColor const& color)
     {
@@ -52,30 +122,14 @@ public:
         put(static_cast<quint8>(color.green()));
         put(static_cast<quint8>(color.blue()));
     }
-
-    /// To be called behind each row. False when a block could not be written.
-    bool endRow() { return next - bytes.constData() < blockBytes || write(); }
-    /// What is still gathered.
-    bool write()
+    bool write(QDataStream& stream) const
     {
-        auto const size = static_cast<int>(next - bytes.constData());
-        next = bytes.data();
-        return size == 0 || stream.writeRawData(bytes.constData(), size) == size;
+        return stream.writeRawData(bytes.data(), materialBytes) == materialBytes;
     }
 
 private:
-    static constexpr qsizetype blockBytes = 64 * 1024;
-    static constexpr qsizetype longestRow = std::max({longestVertexBytes, faceBytes, materialBytes});
-
-    void putWord(quint32 value)
-    {
-        qToLittleEndian(value, next);
-        next += sizeof(value);
-    }
-
-    QDataStream& stream;
-    QByteArray bytes;
-    char* next;
+    std::array<char, materialBytes> bytes;
+    char* next = bytes.data();
 };
 
 void appendLines(QString& text, std::initializer_list<QLatin1StringView> lines)
@@ -241,47 +295,36 @@ bool PLYWriter::writeVertices(QDataStream& stream) const
     bool const hasColors = !colors.isEmpty();
     if ((hasNormals && normals.size() < vertices.size()) || (hasColors && colors.size() < vertices.size()))
         return false;
-    Rows rows(stream);
-    for (qsizetype i = 0; i < vertices.size(); ++i) {
-        rows.put(vertices[i]);
-        if (hasNormals)
-            rows.put(normals[i]);
-        for (int shift = 0; hasColors && shift < (writeAlpha ? 32 : 24); shift += 8)
-            rows.put(static_cast<quint8>(colors[i] >> shift));
-        if (!rows.endRow())
-            return false;
-    }
-    return rows.write();
+    std::size_t const colorBytes = !hasColors ? 0 : writeAlpha ? 4 : 3;
+    VertexLayout const layout = hasNormals ? vertexLayout<true>(colorBytes) : vertexLayout<false>(colorBytes);
+    VertexLists const lists = {vertices.constData(), normals.constData(), colors.constData()};
+    return writeRows(
+        stream, vertices.size(), layout.rowBytes,
+        [&](qsizetype first, qsizetype count, char* target) { layout.put(lists, first, count, target); });
 }
 
 bool PLYWriter::writeFaces(QDataStream& stream) const
 {
-    Rows rows(stream);
-    for (qsizetype i = 0; i + indicesPerTriangle <= indices.size(); i += indicesPerTriangle) {
-        rows.put(corners);
-        rows.put(indices[i]);
-        rows.put(indices[i + 1]);
-        rows.put(indices[i + 2]);
-        if (!rows.endRow())
-            return false;
-    }
-    return rows.write();
+    return writeRows(stream, indices.size() / indicesPerTriangle, faceBytes,
+                     [&](qsizetype first, qsizetype count, char* target) {
+                         putFaces(indices.constData() + first * indicesPerTriangle, count, target);
+                     });
 }
 
 bool PLYWriter::writeMaterial(QDataStream& stream) const
 {
-    Rows rows(stream);
-    rows.put(material->ambientColor);
-    rows.put(material->ambientIntensity);
-    rows.put(material->diffuseColor);
-    rows.put(material->diffuseIntensity);
-    rows.put(material->specularColor);
-    rows.put(material->specularIntensity);
-    rows.put(material->emissiveColor);
-    rows.put(material->emissiveIntensity);
-    rows.put(material->shininess);
-    rows.put(material->transparency);
-    rows.put(material->baseReflectance);
-    rows.put(static_cast<quint8>(material->detailNoise ? 1 : 0));
-    return rows.write();
+    MaterialRow row;
+    row.put(material->ambientColor);
+    row.put(material->ambientIntensity);
+    row.put(material->diffuseColor);
+    row.put(material->diffuseIntensity);
+    row.put(material->specularColor);
+    row.put(material->specularIntensity);
+    row.put(material->emissiveColor);
+    row.put(material->emissiveIntensity);
+    row.put(material->shininess);
+    row.put(material->transparency);
+    row.put(material->baseReflectance);
+    row.put(static_cast<quint8>(material->detailNoise ? 1 : 0));
+    return row.write(stream);
 }

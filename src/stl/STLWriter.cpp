@@ -1,8 +1,10 @@
 #include "stl/STLWriter.h"
 
 #include "framework/FileAccess.h"
+#include "framework/RowBlocks.h"
 #include "framework/ScanMetadata.h"
 #include "inhouse/data/Unstrip.h"
+#include "stl/STLFacetBlock.h"
 #include "stl/STLLayout.h"
 
 #include <QCoreApplication>
@@ -15,6 +17,7 @@
 #include <algorithm>
 #include <array>
 #include <new>
+#include <span>
 #include <utility>
 
 namespace {
@@ -37,23 +40,21 @@ void flush(QDataStream& stream)
 // Returns where the next one goes.
 char* putPoint(QVector3D const& point, char* target)
 {
-    static_assert(sizeof(QVector3D) == 3 * stl::floatBytes);
+    static_assert(sizeof(QVector3D) == stl::normalBytes);
     qToLittleEndian<float>(&point, 3, target);
     return target + sizeof(QVector3D);
 }
 
-using Points = std::array<QVector3D, 3>;
-
-// Returns where the next facet goes.
-char* putFacet(Points const& points, unsigned char firstAttribute, unsigned char secondAttribute,
-               char* target)
+// Want of memory is a failure to write.
+template <typename Step>
+bool succeeds(Step const& step, QString& errorMessage)
 {
-    target = putPoint(QVector3D::normal(points[0], points[1], points[2]), target);
-    for (QVector3D const& point : points)
-        target = putPoint(point, target);
-    *target++ = static_cast<char>(firstAttribute);
-    *target++ = static_cast<char>(secondAttribute);
-    return target;
+    try {
+        return step();
+    } catch (std::bad_alloc const&) {
+        errorMessage = QCoreApplication::translate("STLWriter", "Writing failed!");
+        return false;
+    }
 }
 
 } // namespace
@@ -92,19 +93,14 @@ bool STLWriter::write()
     }
     QDataStream stream(&file);
     stream.setVersion(QDataStream::Qt_5_15);
-    return writeData(stream);
+    return succeeds([&] { return writeData(stream); }, errorMessage);
 }
 
 bool STLWriter::write(QByteArray& out)
 {
     QDataStream stream(&out, QIODevice::WriteOnly);
     stream.setVersion(QDataStream::Qt_5_15);
-    try {
-        return writeData(stream);
-    } catch (std::bad_alloc const&) {
-        errorMessage = QCoreApplication::translate("STLWriter", "Writing failed!");
-        return false;
-    }
+    return succeeds([&] { return writeData(stream); }, errorMessage);
 }
 
 QString STLWriter::getErrorMessage() const
@@ -153,32 +149,37 @@ bool STLWriter::isFace(geometry::Mesh const& triangles, int index)
     return triangles.getNumIndices() - index >= corners && std::none_of(face, face + corners, isOutside);
 }
 
-// The index up to which all is written.
+// The index up to which all is written, or tried on a device that takes no more.
 int STLWriter::writeBlocks(geometry::Mesh const& triangles, QDataStream& stream) const
 {
-    constexpr int facetsAtOnce = 1024;
-    constexpr int indicesAtOnce = facetsAtOnce * stl::indicesPerTriangle;
-    std::array<char, facetsAtOnce * stl::facetBytes> block;
-    QVector3D const* const vertices = triangles.vertices.constData();
-    int const* const indices = triangles.getIndices();
-    int begin = 0;
-    for (; triangles.getNumIndices() - begin >= indicesAtOnce; begin += indicesAtOnce) {
-        char* next = block.data();
-        for (int i = begin; i < begin + indicesAtOnce; i += stl::indicesPerTriangle) {
-            if (!isFace(triangles, i))
-                return begin;
-            next = putFacet({vertices[indices[i]], vertices[indices[i + 1]], vertices[indices[i + 2]]},
-                            firstAttributeByte, secondAttributeByte, next);
-        }
-        stream.writeRawData(block.data(), static_cast<int>(block.size()));
+    auto const count = static_cast<std::size_t>(triangles.getNumIndices());
+    std::span<int const> left(triangles.getIndices(), count - count % stl::indicesPerTriangle);
+    RowBlocks blocks(stream, stl::facetBytes);
+    bool isGood = true;
+    while (isGood && !left.empty()) {
+        std::span<char> const room = blocks.room();
+        std::size_t const facets =
+            std::min(room.size() / stl::facetBytes, left.size() / stl::indicesPerTriangle);
+        auto const faces = left.first(facets * stl::indicesPerTriangle);
+        if (!stl::areFaces(faces, triangles.vertices.size()))
+            break;
+        stl::putFacets(faces, triangles.vertices.constData(), {firstAttributeByte, secondAttributeByte},
+                       room.data());
+        isGood = blocks.take(static_cast<qsizetype>(facets) * stl::facetBytes);
+        left = left.subspan(faces.size());
     }
-    return begin;
+    blocks.write();
+    return static_cast<int>(left.data() - triangles.getIndices());
 }
 
 void STLWriter::writeFace(QVector3D const& p1, QVector3D const& p2, QVector3D const& p3,
                           QDataStream& stream) const
 {
     std::array<char, stl::facetBytes> facet;
-    putFacet({p1, p2, p3}, firstAttributeByte, secondAttributeByte, facet.data());
+    char* target = facet.data();
+    for (QVector3D const& point : {stl::facetNormal(p1, p2, p3), p1, p2, p3})
+        target = putPoint(point, target);
+    target[0] = static_cast<char>(firstAttributeByte);
+    target[1] = static_cast<char>(secondAttributeByte);
     stream.writeRawData(facet.data(), stl::facetBytes);
 }

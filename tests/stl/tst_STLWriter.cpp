@@ -26,6 +26,15 @@ struct WriteData
 
 template struct PrivateMember<WriteData, &STLWriter::writeData>;
 
+struct WriteFace
+{
+    using Member = void (STLWriter::*)(QVector3D const&, QVector3D const&, QVector3D const&,
+                                       QDataStream&) const;
+    friend Member privateMember(WriteFace);
+};
+
+template struct PrivateMember<WriteFace, &STLWriter::writeFace>;
+
 } // namespace support
 
 namespace {
@@ -33,6 +42,21 @@ namespace {
 geometry::Mesh triangle()
 {
     return {{{0, 0, 0}, {2, 0, 0}, {0, 3, 0}}, {0, 1, 2, -1}};
+}
+
+// More than fit four blocks, some of them without area or with corners that are no points.
+geometry::Mesh manyTriangles()
+{
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+    geometry::Mesh mesh;
+    for (int i = 0; i < 5000; ++i)
+        mesh.vertices << QVector3D(static_cast<float>(i % 71), static_cast<float>(i * i % 97) / 3.0f,
+                                   static_cast<float>(i % 13) * 0.001f);
+    mesh.vertices << QVector3D(infinity, 0, 0) << QVector3D(0, std::numeric_limits<float>::quiet_NaN(), 1)
+                  << QVector3D(-0.0f, 1e-30f, 3e38f);
+    for (int i = 0; i < 43'210; ++i)
+        mesh.indices << i % 5003 << i * 7 % 5003 << i * 11 % 5003 << -1;
+    return mesh;
 }
 
 QByteArray written(geometry::Mesh const& mesh, unsigned char first = 0, unsigned char second = 0)
@@ -116,7 +140,10 @@ private Q_SLOTS:
     void emptyMeshLeavesTheStart();
     void fullDevice_data();
     void fullDevice();
+    void fullDeviceInBlocks_data();
+    void fullDeviceInBlocks();
     void fullDisk();
+    void blocksAreFaces();
     void messageStays();
     void copies();
 };
@@ -416,6 +443,46 @@ void tst_STLWriter::fullDevice()
     QVERIFY(!(writer.*privateMember(support::WriteData()))(stream));
     QCOMPARE(writer.getErrorMessage(), writeFailedMessage);
     QCOMPARE(device.bytes, written(triangle()).first(room));
+}
+
+void tst_STLWriter::fullDeviceInBlocks_data()
+{
+    QTest::addColumn<int>("room");
+    for (int const room : {84, 524'287, 524'288, 524'289, 1'000'000, 1'999'999})
+        QTest::addRow("%d bytes", room) << room;
+}
+
+void tst_STLWriter::fullDeviceInBlocks()
+{
+    QFETCH(int, room);
+    STLWriter writer;
+    writer.setData(manyTriangles(), 1, 2);
+    QByteArray whole;
+    QVERIFY(writer.write(whole));
+    FullDevice device(room);
+    QVERIFY(device.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    QDataStream stream(&device);
+    QVERIFY(!(writer.*privateMember(support::WriteData()))(stream));
+    QCOMPARE(writer.getErrorMessage(), writeFailedMessage);
+    QVERIFY(device.bytes == whole.first(room));
+}
+
+// Facets go out by the block; each is what writing it alone gives, whatever its corners are.
+void tst_STLWriter::blocksAreFaces()
+{
+    geometry::Mesh const mesh = manyTriangles();
+    STLWriter writer;
+    writer.setData(mesh, 3, 200);
+    QByteArray bytes;
+    QVERIFY(writer.write(bytes));
+    QByteArray expected;
+    QDataStream stream(&expected, QIODevice::WriteOnly);
+    for (qsizetype i = 0; i < mesh.indices.size(); i += 4)
+        (writer.*privateMember(support::WriteFace()))(mesh.vertices[mesh.indices[i]],
+                                                      mesh.vertices[mesh.indices[i + 1]],
+                                                      mesh.vertices[mesh.indices[i + 2]], stream);
+    QCOMPARE(expected.size(), 50 * mesh.indices.size() / 4);
+    QVERIFY(bytes.mid(84) == expected);
 }
 
 void tst_STLWriter::fullDisk()
