@@ -55,12 +55,10 @@ bool ByteLines::readMore()
     return true;
 }
 
+// There is room: whoever found the end had made room for more.
 void ByteLines::endLastLine()
 {
-    if (static_cast<std::size_t>(filled) == buffer.size())
-        buffer.push_back('\n');
-    else
-        buffer[static_cast<std::size_t>(filled)] = '\n';
+    buffer[static_cast<std::size_t>(filled)] = '\n';
     wholeLines = ++filled;
 }
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Small mistakes that could be made in C++ sources, found by looking at their text."""
 import dataclasses
-import random
+import hashlib
 import re
 
 # What is no code is blanked, so that offsets stay what they are.
@@ -34,24 +34,30 @@ KINDS = ("comparison", "condition", "logic", "off by one", "sign", "constant", "
 
 @dataclasses.dataclass(frozen=True)
 class Mutation:
-    """`text[begin:end]` of the file at `path` becomes `replacement`."""
+    """`text[begin:end]` of the file at `path` becomes `replacement`. `code` is the lines that it is in."""
     path: str
     kind: str
     line: int
     begin: int
     end: int
     replacement: str
+    code: str
+    changed: str
 
     def apply(self, text):
         return text[:self.begin] + self.replacement + text[self.end:]
 
-    def describe(self, text):
-        """The line with the change in it, as one string."""
-        first = text.rfind("\n", 0, self.begin) + 1
-        last = (text + "\n").find("\n", self.end)
-        before = " ".join(text[first:last].split())
-        after = " ".join((text[first:self.begin] + self.replacement + text[self.end:last]).split())
-        return f"{before} → {after}"
+    def describe(self):
+        return f"{self.code} → {self.changed}"
+
+
+def make(path, text, kind, span, replacement):
+    begin, end = span
+    first = text.rfind("\n", 0, begin) + 1
+    last = (text + "\n").find("\n", end)
+    code = " ".join(text[first:last].split())
+    changed = " ".join((text[first:begin] + replacement + text[end:last]).split())
+    return Mutation(path, kind, text.count("\n", 0, begin) + 1, begin, end, replacement, code, changed)
 
 
 def code_of(text):
@@ -82,40 +88,41 @@ def find(path, text):
     code = code_of(text)
     found = []
 
-    def add(kind, begin, end, replacement):
-        found.append(Mutation(path, kind, text.count("\n", 0, begin) + 1, begin, end, replacement))
+    def add(kind, span, replacement):
+        found.append(make(path, text, kind, span, replacement))
 
     for match in COMPARISON.finditer(code):
-        add("comparison", *match.span(), FLIPS[match.group()])
+        add("comparison", match.span(), FLIPS[match.group()])
     for begin, end in conditions(code):
-        add("condition", begin, end, f"!({text[begin:end]})")
+        add("condition", (begin, end), f"!({text[begin:end]})")
     for match in LOGIC.finditer(code):
-        add("logic", *match.span(), "||" if match.group() == "&&" else "&&")
+        add("logic", match.span(), "||" if match.group() == "&&" else "&&")
     for match in STEP.finditer(code):
-        add("off by one", *match.span(), "")
+        add("off by one", match.span(), "")
     for match in SIGN.finditer(code):
-        add("sign", *match.span(), "-" if match.group() == "+" else "+")
+        add("sign", match.span(), "-" if match.group() == "+" else "+")
     for match in CONSTANT.finditer(code):
-        add("constant", *match.span(), str(int(match.group()) + 1))
+        add("constant", match.span(), str(int(match.group()) + 1))
     for match in STATEMENT.finditer(code):
-        add("statement", *match.span("code"), "{}")
+        add("statement", match.span("code"), "{}")
     for match in ANSWER.finditer(code):
-        add("answer", *match.span(), "false" if match.group() == "true" else "true")
+        add("answer", match.span(), "false" if match.group() == "true" else "true")
     return found
 
 
 def choose(mutations, seed, most_of_file):
     """The mutations in the order in which to try them: all kinds in turn, never two of a line, and no more
-    than `most_of_file` of a file."""
-    shuffled = {kind: [m for m in mutations if m.kind == kind] for kind in KINDS}
-    generator = random.Random(seed)
-    for kind in KINDS:
-        generator.shuffle(shuffled[kind])
+    than `most_of_file` of a file. A change elsewhere in the sources changes next to nothing."""
+    def key(mutation):
+        what = f"{seed} {mutation.path} {mutation.kind} {mutation.code} {mutation.replacement}"
+        return hashlib.sha256(what.encode()).digest()
+
+    left = {kind: sorted((m for m in mutations if m.kind == kind), key=key, reverse=True) for kind in KINDS}
     lines, files = set(), {}
-    while any(shuffled.values()):
+    while any(left.values()):
         for kind in KINDS:
-            while shuffled[kind]:
-                mutation = shuffled[kind].pop()
+            while left[kind]:
+                mutation = left[kind].pop()
                 place = (mutation.path, mutation.line)
                 if place not in lines and files.get(mutation.path, 0) < most_of_file:
                     lines.add(place)

@@ -79,7 +79,7 @@ class NoCode(unittest.TestCase):
     def test_describe(self):
         text = "x\n    if (a <\n b) // why\n"
         (mutation,) = [m for m in mutators.find("a.cpp", "if (a) b = 1;") if m.kind == "condition"]
-        self.assertEqual(mutation.describe("if (a) b = 1;"), "if (a) b = 1; → if (!(a)) b = 1;")
+        self.assertEqual(mutation.describe(), "if (a) b = 1; → if (!(a)) b = 1;")
         (mutation,) = [m for m in mutators.find("a.cpp", text) if m.kind == "condition"]
         self.assertEqual((mutation.line, mutation.apply(text)), (2, "x\n    if (!(a <\n b)) // why\n"))
 
@@ -94,6 +94,12 @@ class Choice(unittest.TestCase):
     def test_repeatable(self):
         self.assertEqual(self.choose(3), self.choose(3))
         self.assertNotEqual([self.choose(seed) for seed in range(5)], [self.choose(1)] * 5)
+
+    def test_steady(self):
+        other = mutators.find("c.cpp", "a < b")
+        found = [m for path in ("a.cpp", "b.cpp") for m in mutators.find(path, self.TEXT)]
+        chosen = [m for m in mutators.choose(other + found, 3, 100) if m.path != "c.cpp"]
+        self.assertEqual(sorted(chosen, key=str), sorted(self.choose(3), key=str))
 
     def test_no_line_twice(self):
         places = [(m.path, m.line) for m in self.choose(1)]

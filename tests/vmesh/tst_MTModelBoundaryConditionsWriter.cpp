@@ -142,9 +142,15 @@ private Q_SLOTS:
 
     void refusesConditionsThatAreNotThere()
     {
-        MTModelBoundaryConditions conditions;
-        conditions.numBoundaryConditions = 1;
-        QCOMPARE(written(conditions), QByteArray("not written"));
+        MTModelBoundaryConditions conditions = conditionList({1}, {1, 2, 3});
+        MTModelBoundaryConditions const none;
+        for (bool const hasPoints : {false, true})
+            for (bool const hasValues : {false, true}) {
+                MTModelBoundaryConditions parts = conditions;
+                parts.pointIndices = hasPoints ? conditions.pointIndices : none.pointIndices;
+                parts.values = hasValues ? conditions.values : none.values;
+                QCOMPARE(written(parts) != "not written", hasPoints && hasValues);
+            }
     }
 };
 
