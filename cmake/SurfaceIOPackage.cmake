@@ -42,6 +42,7 @@ programs need to be built.")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME surfaceio)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "libsurfaceio0 (= ${debian_version})")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS qt6-translations-l10n) # what Qt says of files
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "look at, check and convert scans of surfaces
 surfaceio is a program for the files of dental and maxillofacial scanners:
 it describes them, finds what is wrong with them, converts them between STL,

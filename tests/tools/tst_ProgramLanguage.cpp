@@ -223,6 +223,20 @@ private Q_SLOTS:
         }
     }
 
+    // As man formats them.
+    void manualPages()
+    {
+        if (support::runShell(u"command -v groff"_s).exitCode != 0)
+            QSKIP("there is no groff");
+        for (char const* const language : {"de", "pl"}) {
+            auto const outcome = support::runShell(
+                u"LANGUAGE=%1 \"$SURFACEIO\" manual | groff -man -ww -z -Kutf8 -Tutf8"_s.arg(
+                    QLatin1StringView(language)),
+                folder.path());
+            QVERIFY(support::verify(outcome, 0, {}, {}));
+        }
+    }
+
 private:
     static constexpr int bytesOfCorner = 12;
     QTemporaryDir folder;
