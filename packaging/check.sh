@@ -18,6 +18,9 @@ done < <(find "$scratch" -type f \( -name '*.so*' -o -path '*/bin/*' \))
 for file in usr/bin/surfaceio "usr/lib/*/libsurfaceio.so.0" "usr/lib/*/libsurfaceio-inhouse.so.0" \
     "usr/lib/*/pkgconfig/surfaceio.pc" "usr/lib/*/cmake/SurfaceIO/SurfaceIOConfig.cmake" \
     usr/include/surfaceio/framework/MeshReader.h usr/share/man/{,de/,pl/}man1/surfaceio.1.gz \
+    usr/share/{bash-completion/completions/surfaceio,zsh/site-functions/_surfaceio,fish/vendor_completions.d/surfaceio.fish} \
+    usr/share/{applications/surfaceio.desktop,mime/packages/surfaceio.xml,thumbnailers/surfaceio.thumbnailer} \
+    usr/share/metainfo/org.surfaceio.SurfaceIO.metainfo.xml \
     usr/share/doc/{surfaceio,libsurfaceio0,libsurfaceio-dev}/copyright; do
     if ! compgen -G "$scratch/$file" >/dev/null; then
         echo "no $file in the packages"
