@@ -6,6 +6,7 @@ import sys
 
 ROWS = ["ply-read", "stl-read", "stl-read-ascii", "obj-read-split", "ply-write", "vmesh-read"]
 FIRST = ["ours", "floor"]
+COLORS = ["#000000", "#999999", "#0072b2", "#d55e00", "#009e73", "#cc79a7", "#e69f00", "#56b4e9", "#6a3d9a", "#b15928"]
 
 
 def points(all_rows, row, name):
@@ -20,14 +21,22 @@ def names_of(all_rows, row):
     return [name for name in FIRST if name in names] + sorted(names - set(FIRST))
 
 
+def colors_of(all_rows):
+    """A colour for each contender, the same in every panel."""
+    names = FIRST + sorted({name for row in ROWS for name in names_of(all_rows, row)} - set(FIRST))
+    return {name: COLORS[i % len(COLORS)] for i, name in enumerate(names)}
+
+
 def panel(all_rows, row):
     """The data of a row and the command that draws it."""
+    colors = colors_of(all_rows)
     blocks, curves = [], []
     for name in names_of(all_rows, row):
         block = f"${row}_{name}".replace("-", "_")
         blocks += [f"{block} << EOD", *points(all_rows, row, name), "EOD"]
         width = 3 if name == "ours" else 1
-        curves.append(f"{block} using 1:2 with linespoints linewidth {width} pointsize 0.5 title '{name}'")
+        curves.append(f"{block} using 1:2 with linespoints linewidth {width} pointsize 0.5 "
+                      f"linecolor rgb '{colors[name]}' title '{name}'")
     return "\n".join(blocks), f"set title '{row}'\nplot {', '.join(curves)}"
 
 
@@ -41,7 +50,7 @@ set output '{path}'
 set logscale xy
 set xlabel 'facets'
 set ylabel 'milliseconds of processor time'
-set key left top font ',9'
+set key right bottom font ',9'
 set grid
 set format x '10^{{%T}}'
 set xrange [80000:5000000]

@@ -192,6 +192,8 @@ def parse():
     parser.add_argument("--peer-seconds", type=float, default=5, help="for a peer in a row; one round is the least")
     parser.add_argument("--json", type=pathlib.Path, help="write all measurements there")
     parser.add_argument("--plot", type=pathlib.Path, help="write a plot of time against size there (SVG or PNG)")
+    parser.add_argument("--show", type=pathlib.Path, nargs="+", metavar="JSON",
+                        help="measure nothing: the tables and the plot of earlier runs")
     options = parser.parse_args()
     if options.quick:
         options.sizes, options.rounds = [100_000], 3
@@ -211,24 +213,48 @@ def print_table(title, lines):
     print("\n".join(["", f"### {title}", "", *lines]), flush=True)
 
 
-def main():
-    """Runs all; 1 when a contender failed or did less than it should."""
-    options = parse()
+def save(path, all_rows, load):
+    """All measurements so far: a run may be long, and is worth something when it is cut short."""
+    found = {"machine": machine(), "load": load, "rows": all_rows}
+    path.write_text(json.dumps(found, indent=1) + "\n", encoding="utf-8")
+
+
+def load_rows(paths):
+    """The rows of earlier runs, by size; a later file wins."""
+    all_rows = {}
+    for path in paths:
+        for facets, rows in json.loads(path.read_text(encoding="utf-8"))["rows"].items():
+            all_rows.setdefault(int(facets), {}).update(rows)
+    return dict(sorted(all_rows.items()))
+
+
+def measure(options):
+    """Runs all sizes and rows."""
     everybody = taking_part_of(options)
-    start_load = os.getloadavg()
+    load = {"before": os.getloadavg()}
     all_rows = {}
     for facets in options.sizes:
         folder = options.data / str(facets)
         make_data(folder, facets, options.build)
-        all_rows[facets] = {row: summary_of(row, folder, everybody, options) for row in options.rows}
-        print_table(f"Time at {facets} facets", ratios.time_table(all_rows[facets]))
-        print_table(f"Peak memory at {facets} facets", ratios.memory_table(all_rows[facets]))
-    if len(options.sizes) > 1:
+        all_rows[facets] = {}
+        for row in options.rows:
+            all_rows[facets][row] = summary_of(row, folder, everybody, options)
+            load["after"] = os.getloadavg()
+            if options.json:
+                save(options.json, all_rows, load)
+    return all_rows
+
+
+def main():
+    """Runs all; 1 when a contender failed or did less than it should."""
+    options = parse()
+    all_rows = load_rows(options.show) if options.show else measure(options)
+    for facets, rows in all_rows.items():
+        print_table(f"Time at {facets} facets", ratios.time_table(rows))
+        print_table(f"Peak memory at {facets} facets", ratios.memory_table(rows))
+    if len(all_rows) > 1:
         print_table("Time for a facet", ratios.growth_table(all_rows))
     print_table("What peers leave out (*)", ratios.lacks_lines(all_rows))
-    if options.json:
-        load = {"before": start_load, "after": os.getloadavg()}
-        options.json.write_text(json.dumps({"machine": machine(), "load": load, "rows": all_rows}, indent=1) + "\n")
     if options.plot:
         plot.draw(all_rows, options.plot)
     return 1 if COMPLAINTS else 0

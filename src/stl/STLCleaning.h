@@ -16,13 +16,12 @@ struct Soup
     QList<int> indices;
 };
 
-/// What the surface cleaner leaves of `soup`. A set `cancel` leaves it as it is.
-geometry::Mesh cleanedMesh(Soup soup, std::atomic<bool> const& cancel);
+/// What the surface cleaner leaves of `soup` and its first `triangleCount` triangles; more than there are
+/// count as all of them. A set `cancel` leaves the vertices as they are, and those triangles.
+geometry::Mesh cleanedMesh(Soup soup, int triangleCount, std::atomic<bool> const& cancel);
 
-/// Runs the surface cleaner over copies of the mesh's vertices and of its first `triangleCount` triangles
-/// and puts what it leaves in their place. Normals, colours and texture coordinates stay as they are.
-/// `triangleCount` beyond the triangles of the mesh counts as all of them. A set `cancel` leaves the vertices
-/// as they are, and the first `triangleCount` triangles.
+/// The same with the mesh's vertices and triangles, which takes a copy of the vertices. Normals, colours and
+/// texture coordinates stay as they are. A mesh for which there is no memory loses its triangles.
 void cleanMesh(geometry::Mesh& mesh, int triangleCount, std::atomic<bool> const& cancel);
 
 } // namespace stl

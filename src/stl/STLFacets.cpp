@@ -35,16 +35,18 @@ void clearMissing(QByteArray& block, qint64 bytes, qint64 size)
 void readBlocks(QIODevice* device, int facets, float* vertices)
 {
     constexpr int facetsAtOnce = 1000;
+    float* const end = vertices + qsizetype(facets) * coordinatesPerFacet;
     QByteArray block(qsizetype(std::min(facets, facetsAtOnce)) * facetBytes, Qt::Uninitialized);
     for (int done = 0; done < facets; done += facetsAtOnce) {
         qsizetype const size = qsizetype(std::min(facets - done, facetsAtOnce)) * facetBytes;
         qint64 const bytes = files::readFully(device, block.data(), size);
+        if (bytes <= 0)
+            break;
         clearMissing(block, bytes, size);
         for (qsizetype facet = 0; facet < size; facet += facetBytes, vertices += coordinatesPerFacet)
             qFromLittleEndian<float>(block.constData() + facet, coordinatesPerFacet, vertices);
-        if (bytes == 0)
-            return;
     }
+    std::fill(vertices, end, 0.0f);
 }
 
 } // namespace
@@ -89,11 +91,14 @@ void readVertices(QDataStream& stream, STLDataFormat const& format, qint64 offse
         readVerticesOneByOne(stream, format, offset, facets, vertices);
     else if (seekTo(stream.device(), offset))
         readBlocks(stream.device(), facets, vertices);
+    else
+        std::fill_n(vertices, qsizetype(std::max(0, facets)) * coordinatesPerFacet, 0.0f);
 }
 
 void readVerticesOneByOne(QDataStream& stream, STLDataFormat const& format, qint64 offset, int facets,
                           float* vertices)
 {
+    std::fill_n(vertices, qsizetype(std::max(0, facets)) * coordinatesPerFacet, 0.0f);
     if (!seekTo(stream.device(), offset))
         return;
     int const floats = std::clamp(format.vertexBlockSize / floatBytes, 0, coordinatesPerFacet);

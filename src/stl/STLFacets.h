@@ -30,8 +30,8 @@ bool isWalkable(STLDataFormat const& format);
 /// negative, and one that has bytes for more facets than an index list of ints can hold.
 int facetsPresent(QDataStream& stream, STLDataFormat const& format, int claimed, qint64 offset);
 
-/// Reads the vertices of `facets` records from byte `offset` on, 9 floats for each, into zeros; what the
-/// device lacks stays zero. Byte order and precision are those of the stream.
+/// Reads the vertices of `facets` records from byte `offset` on, 9 floats for each; what the device lacks is
+/// zero. Byte order and precision are those of the stream.
 void readVertices(QDataStream& stream, STLDataFormat const& format, qint64 offset, int facets,
                   float* vertices);
 /// The same with one extraction for each float, as `readVertices` does it for a layout other than that of

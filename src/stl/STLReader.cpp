@@ -17,6 +17,7 @@
 #include <array>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -176,7 +177,7 @@ std::optional<bool> STLReader::readAsciiBytes(QIODevice& device, std::atomic<boo
     }
     if (lines.isLineTooLong())
         return {};
-    return storeAscii(result, cancel);
+    return storeAscii(std::move(result), cancel);
 }
 
 bool STLReader::readAscii(QTextStream& stream, std::atomic<bool> const& cancel)
@@ -200,14 +201,14 @@ bool STLReader::readAscii(QTextStream& stream, std::atomic<bool> const& cancel)
             return false;
         appendVertex(result, *vertex);
     }
-    return storeAscii(result, cancel);
+    return storeAscii(std::move(result), cancel);
 }
 
-bool STLReader::storeAscii(geometry::Mesh const& read, std::atomic<bool> const& cancel)
+bool STLReader::storeAscii(geometry::Mesh read, std::atomic<bool> const& cancel)
 {
     if (read.vertices.size() % verticesPerTriangle != 0)
         return false;
-    mesh = read;
+    mesh = std::move(read);
     cleanSTLData();
     return computeNormals(cancel);
 }

@@ -76,7 +76,7 @@ private:
     bool readAsciiDevice(QTextStream& text, std::atomic<bool> const& cancel);
     std::optional<bool> readAsciiBytes(QIODevice& device, std::atomic<bool> const& cancel);
     bool readAscii(QTextStream& stream, std::atomic<bool> const& cancel);
-    bool storeAscii(geometry::Mesh const& read, std::atomic<bool> const& cancel);
+    bool storeAscii(geometry::Mesh read, std::atomic<bool> const& cancel);
     bool readBinary(QDataStream& stream, int const& size, std::atomic<bool> const& cancel);
     bool readFacets(QDataStream& stream, qint64 size, std::atomic<bool> const& cancel);
     void cleanSTLData();

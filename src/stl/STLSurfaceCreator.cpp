@@ -48,8 +48,10 @@ void appendMesh(geometry::Mesh& mesh, geometry::Mesh const& more)
 {
     int const shift = mesh.getNumVertices();
     mesh.vertices.append(more.vertices);
-    for (int const index : more.indices)
-        mesh.indices.append(index < 0 ? index : index + shift);
+    qsizetype const start = mesh.indices.size();
+    mesh.indices.resize(start + more.indices.size());
+    std::transform(more.indices.cbegin(), more.indices.cend(), mesh.indices.begin() + start,
+                   [shift](int index) { return index < 0 ? index : index + shift; });
 }
 
 // 0, 1, 2, -1, 3, 4, 5, -1 and so on.
@@ -132,12 +134,12 @@ STLSurfaceData* STLSurfaceCreator::getSurface(QDataStream& stream, STLDataFormat
     removeSurfaceData();
     int const facets = stl::facetsPresent(stream, format, format.numberOfTriangles, format.firstVertexOffset);
     int const vertexCount = verticesPerTriangle * facets;
-    // What `readMesh` and `cleanSurfaceData` do, without a mesh between them: memory that is touched for the
-    // first time costs more than the facets that are put there.
+    // As for a run of facets, but for the strips, which become the list of the result: memory that is touched
+    // for the first time costs more than what is put there.
     geometry::Mesh mesh =
         stl::cleanedMesh({getVerticesFromStream(stream, format, vertexCount, format.firstVertexOffset),
                           vertexCount, stripList(facets)},
-                         cancel);
+                         facets, cancel);
     addNormals(mesh, cancel);
     return new STLSurfaceData(untagged, mesh, {}, none);
 }
@@ -210,7 +212,11 @@ std::optional<geometry::Mesh> STLSurfaceCreator::createMeshFromRuns(QList<STLTag
     for (STLTagSurfaceData const& run : runs) {
         if (cancel)
             return {};
-        appendMesh(mesh, createMeshFromSurfaceData(run, stream, format));
+        geometry::Mesh next = createMeshFromSurfaceData(run, stream, format);
+        if (mesh.isNull())
+            mesh = std::move(next);
+        else
+            appendMesh(mesh, next);
     }
     return mesh;
 }
@@ -219,21 +225,14 @@ geometry::Mesh STLSurfaceCreator::createMeshFromSurfaceData(STLTagSurfaceData co
                                                             STLDataFormat const& format) const
 {
     std::atomic<bool> const cancel = false;
-    geometry::Mesh mesh = readMesh(run, stream, format);
-    cleanSurfaceData(mesh, cancel);
-    return mesh;
-}
-
-geometry::Mesh STLSurfaceCreator::readMesh(STLTagSurfaceData const& run, QDataStream& stream,
-                                           STLDataFormat const& format) const
-{
     int const triangles = run.numberOfTriangles;
     int const vertexCount = verticesPerTriangle * triangles;
     int const indexCount = stl::indicesPerTriangle * triangles;
-    auto const vertices = getVerticesFromStream(stream, format, vertexCount, run.streamOffset);
-    auto const indices = getStripsFromStream(triangles, indexCount);
-    return {data::Conversions::toVector(vertices.get(), vertexCount),
-            data::Conversions::toVector(indices.get(), indexCount)};
+    auto vertices = getVerticesFromStream(stream, format, vertexCount, run.streamOffset);
+    auto const strips = getStripsFromStream(triangles, indexCount);
+    return stl::cleanedMesh(
+        {std::move(vertices), vertexCount, data::Conversions::toVector(strips.get(), indexCount)}, triangles,
+        cancel);
 }
 
 std::unique_ptr<float[]> STLSurfaceCreator::getVerticesFromStream(QDataStream& stream,
@@ -241,7 +240,7 @@ std::unique_ptr<float[]> STLSurfaceCreator::getVerticesFromStream(QDataStream& s
                                                                   int vertexCount, int offset) const
 {
     std::size_t const size = coordinatesPerVertex * static_cast<std::size_t>(vertexCount);
-    auto vertices = std::make_unique<float[]>(size);
+    auto vertices = std::make_unique_for_overwrite<float[]>(size);
     stl::readVertices(stream, format, offset, vertexCount / verticesPerTriangle, vertices.get());
     return vertices;
 }

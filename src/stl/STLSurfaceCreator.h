@@ -77,8 +77,6 @@ private:
     std::optional<geometry::Mesh> createMeshFromRuns(QList<STLTagSurfaceData> const& runs,
                                                      QDataStream& stream, STLDataFormat const& format,
                                                      std::atomic<bool> const& cancel) const;
-    geometry::Mesh readMesh(STLTagSurfaceData const& run, QDataStream& stream,
-                            STLDataFormat const& format) const;
     geometry::Mesh createMeshFromSurfaceData(STLTagSurfaceData const& run, QDataStream& stream,
                                              STLDataFormat const& format) const;
     std::unique_ptr<float[]> getVerticesFromStream(QDataStream& stream, STLDataFormat const& format,
