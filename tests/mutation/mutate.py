@@ -19,7 +19,6 @@ import mutators  # noqa: E402
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 MEMORY = 8 << 30
-SECONDS = 60  # of the processor, for each process: a busy machine makes no difference
 # Qt Test would look at the clock.
 ENVIRONMENT = os.environ | {"QTEST_FUNCTION_TIMEOUT": "100000000", "QT_QPA_PLATFORM": "offscreen"}
 # Those that look at the sources or at the installed interface would notice any change, which is not the point.
@@ -28,16 +27,17 @@ LONG = "hostile|slow"
 FAILED = re.compile(r"Test +#\d+: (\S+) \.*[^*\n]*\*\*\*(\w+)")
 
 
-def set_limits():
-    """For a mistake that makes a loop endless or a list very long."""
+def set_limits(seconds):
+    """Of each process from here on, for a mistake that makes a loop endless or a list very long. Seconds of the processor,
+    so that a busy machine makes no difference."""
     resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
-    resource.setrlimit(resource.RLIMIT_CPU, (SECONDS, SECONDS + 5))
+    resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds + 5))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
-def run(*command, check=False):
+def run(*command, check=False, seconds=3600):
     done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace",
-                          check=False, preexec_fn=set_limits, env=ENVIRONMENT)
+                          check=False, env=ENVIRONMENT, preexec_fn=lambda: set_limits(seconds))
     if check and done.returncode != 0:
         sys.exit(f"{done.stdout}\nmutate: failed: {' '.join(command)}")
     return done
@@ -59,7 +59,8 @@ def copy_tree(target):
 
 
 class Suite:
-    def __init__(self, tree, preset, jobs):
+    def __init__(self, tree, preset, jobs, seconds):
+        self.seconds = seconds
         self.build = tree / "build" / preset
         self.jobs = str(jobs)
         run("cmake", "-S", str(tree), "--preset", preset, "-DSURFACEIO_TEST_TIMEOUT=1500",
@@ -72,7 +73,7 @@ class Suite:
     def failure(self, folder, *choice):
         """The first of the tests below a folder that fails; empty when none does. One after the other, as then the
         short ones come first."""
-        done = run("ctest", "--test-dir", str(self.build / folder), "--stop-on-failure", *choice)
+        done = run("ctest", "--test-dir", str(self.build / folder), "--stop-on-failure", *choice, seconds=self.seconds)
         if done.returncode == 0:
             return ""
         found = FAILED.search(done.stdout)
@@ -178,12 +179,13 @@ def main():
     parser.add_argument("--tree", type=pathlib.Path, default=ROOT / "build" / "mutation", help="the copy to work on")
     parser.add_argument("--sound", action="store_true", help="all tests are known to pass without a mistake")
     parser.add_argument("--preset", default="dev", help="the build of the copy (dev)")
-    parser.add_argument("--jobs", type=int, default=2)
+    parser.add_argument("--jobs", type=int, default=2, help="how many to compile at a time (2)")
+    parser.add_argument("--seconds", type=int, default=60, help="of the processor, for each test (60)")
     arguments = parser.parse_args()
     arguments.tree = arguments.tree.resolve()
     signal.signal(signal.SIGTERM, lambda *_: sys.exit("mutate: stopped"))
     copy_tree(arguments.tree)
-    suite = Suite(arguments.tree, arguments.preset, arguments.jobs)
+    suite = Suite(arguments.tree, arguments.preset, arguments.jobs, arguments.seconds)
     mistakes = Mistakes(arguments.tree, suite, arguments)
     rows = mistakes.run()
     print("\n".join(mistakes.table(rows)))

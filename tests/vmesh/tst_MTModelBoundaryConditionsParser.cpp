@@ -97,6 +97,7 @@ private Q_SLOTS:
         QTest::newRow("an empty count") << head + "\n" << 4;
         QTest::newRow("no integer") << head + "2.0\n" << 4;
         QTest::newRow("two integers") << head + "2 2\n" << 4;
+        QTest::newRow("a condition for the count") << head + "1 0 0 0\n1 0 0 0\n" << 4;
         QTest::newRow("a count beyond 32 bits") << head + "2147483648\n" << 4;
         QTest::newRow("a negative count") << head + "-1\n" << 4;
         QTest::newRow("the lowest count") << head + "-2147483648\n" << 4;
