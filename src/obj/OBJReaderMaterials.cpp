@@ -1,3 +1,4 @@
+#include "framework/FileAccess.h"
 #include "framework/ImageClaims.h"
 #include "obj/OBJLineReader.h"
 #include "obj/OBJNumbers.h"
@@ -45,7 +46,7 @@ bool mayBePath(QString const& name)
 // Qt has something to say of a path with a NUL inside; no file has one.
 bool exists(QString const& path)
 {
-    return !path.contains(QChar(u'\0')) && QFile::exists(path);
+    return !path.contains(QChar(u'\0')) && QFile::exists(path) && !files::isPipeOrDevice(path);
 }
 
 // Of all the spellings of a path the same; empty where there is no file.

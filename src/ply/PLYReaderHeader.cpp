@@ -1,3 +1,4 @@
+#include "framework/FileAccess.h"
 #include "framework/ImageClaims.h"
 #include "framework/MemoryGuard.h"
 #include "ply/PLYReader.h"
@@ -216,7 +217,7 @@ bool PLYReader::handleTexture(QString const& name, PLYHeader& header) const
         return true;
     }
     QString const path = QFileInfo(QFileInfo(fileName).dir(), name).absoluteFilePath();
-    if (!QFileInfo::exists(path)) {
+    if (!QFileInfo::exists(path) || files::isPipeOrDevice(path)) {
         qWarning() << "Texture file" << path << "not found";
         return false;
     }

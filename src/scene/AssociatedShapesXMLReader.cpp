@@ -119,7 +119,12 @@ bool AssociatedShapesXMLReader::readDocument(QString const& xmlFilePath)
         deprecated::DomHelper::getTagElementsRecursively(document.documentElement(), u"shape"_s);
     for (int i = 0; i < shapes.size(); ++i) {
         QString const name = shapes.at(i).toElement().text();
-        geometry::Mesh const mesh = readShape(QFileInfo(directory, name).absoluteFilePath());
+        QString const path = QFileInfo(directory, name).absoluteFilePath();
+        if (files::isPipeOrDevice(path)) {
+            qWarning() << "AssociatedShapesXMLReader : no regular file :" << path;
+            continue;
+        }
+        geometry::Mesh const mesh = readShape(path);
         if (mesh.isNull())
             continue;
         found.meshes.append(mesh);

@@ -11,6 +11,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 using geometry::Material;
 using geometry::Mesh;
 using support::ObjFolder;
@@ -63,6 +67,7 @@ private Q_SLOTS:
     void resolvesPaths();
     void resolvesAgainstTheDocument();
     void leavesOutWhatCannotBeRead();
+    void leavesOutPipes();
     void failsWithoutMeshes();
     void saysWhenItCannotOpen_data();
     void saysWhenItCannotOpen();
@@ -198,6 +203,22 @@ void tst_AssociatedShapesXMLReaderDisk::leavesOutWhatCannotBeRead()
                                  shape("a.txt") + shape("") + shape("parts") + "</root>")));
     QCOMPARE(numbersOf(reader.takeMeshes()), QList<int>{0});
     QCOMPARE(reader.getMaterials().size(), 1);
+}
+
+// One that nobody writes to would be waited for.
+void tst_AssociatedShapesXMLReaderDisk::leavesOutPipes()
+{
+#ifdef Q_OS_UNIX
+    QString const pipe = folder->path(u"pipe.stl"_s);
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    QTest::ignoreMessage(
+        QtWarningMsg, ("AssociatedShapesXMLReader : no regular file : \"" + pipe.toUtf8() + '"').constData());
+    AssociatedShapesXMLReader reader;
+    QVERIFY(reader.read(document("<root>" + shape("pipe.stl") + shape("0.stl") + "</root>")));
+    QCOMPARE(numbersOf(reader.takeMeshes()), QList<int>{0});
+#else
+    QSKIP("there are no pipes with a path");
+#endif
 }
 
 void tst_AssociatedShapesXMLReaderDisk::failsWithoutMeshes()
