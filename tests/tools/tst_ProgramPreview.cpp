@@ -54,6 +54,26 @@ private Q_SLOTS:
         QVERIFY(areAlike(QImage(path), QImage(kept)));
     }
 
+#ifdef Q_OS_UNIX
+    // Each limit of blocks of 512 bytes loses another part of the picture, the least only its end.
+    void fullDisk()
+    {
+        verify(runProgram({u"sample"_s, u"s.stl"_s, u"--facets"_s, u"2000"_s}, folder->path()), 0, {}, {});
+        verify(preview({u"s.stl"_s, u"-o"_s, u"p.png"_s, u"--size"_s, u"64"_s}), 0, {}, {});
+        QByteArray const picture = readFile(folder->filePath(u"p.png"_s));
+        QVERIFY(picture.size() > 1024);
+        for (qsizetype blocks = 0; blocks <= (picture.size() - 1) / 1024; ++blocks) {
+            QString const command =
+                u"trap '' XFSZ; ulimit -f %1; \"$SURFACEIO\" preview s.stl -o p.png --size 64 --force"_s;
+            verify(support::runShell(command.arg(blocks), folder->path()), 1, {},
+                   u"surfaceio: p.png: .*\n"_s);
+            QCOMPARE(readFile(folder->filePath(u"p.png"_s)), picture);
+        }
+        QCOMPARE(QDir(folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList({u"p.png"_s, u"s.stl"_s}));
+    }
+#endif
+
     void sameCommandSameBytes()
     {
         verify(runProgram({u"sample"_s, u"s.stl"_s, u"--facets"_s, u"2000"_s}, folder->path()), 0, {}, {});

@@ -4,9 +4,10 @@
 #include "convert/MeshFile.h"
 #include "images/ImageLimit.h"
 #include "inspect/Format.h"
-#include "output/OutputFile.h"
+#include "output/BytesFile.h"
 #include "preview/Loader.h"
 #include "preview/Sheet.h"
+#include "texture/Png.h"
 #include "verbs/Choices.h"
 
 #include <CLI/CLI.hpp>
@@ -95,11 +96,14 @@ QImage draw(preview::Model const& model, Options const& options)
     return renderView(model, *preview::viewNamed(QLatin1StringView(options.view)), colouring, options.size);
 }
 
-QString write(OutputFile& output, QImage const& image)
+// From memory: what writes an image to a file does not look whether its last bytes arrive.
+QString write(BytesFile& output, QImage const& image)
 {
-    if (!image.save(output.temporaryPath(), "png"))
+    QByteArray const bytes = pngOf(image);
+    if (bytes.isEmpty())
         return Text::tr("could not be written");
-    return output.commit(-1);
+    QString problem = output.write(bytes);
+    return problem.isEmpty() ? output.commit() : problem;
 }
 
 ExitCode run(Options const& options, Console& console)
@@ -108,7 +112,7 @@ ExitCode run(Options const& options, Console& console)
     QString const out = QString::fromStdString(options.out);
     if (QFileInfo(out).suffix().compare("png"_L1, Qt::CaseInsensitive) != 0)
         return fail(ExitCode::Usage, out, Text::tr("expected the suffix .png"), console);
-    OutputFile output(out);
+    BytesFile output(out);
     if (QString const problem = output.open(options.force); !problem.isEmpty())
         return fail(ExitCode::ReadOrWriteFailed, out, problem, console);
     preview::Model model;
