@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <set>
+
 using namespace Qt::StringLiterals;
 using tool::ExitCode;
 using tool::Problem;
@@ -175,6 +177,29 @@ private Q_SLOTS:
         Problem const problem = readGmsh(text, mesh);
         QTEST(problem.sentence, "sentence");
         QTEST(problem.code, "code");
+    }
+
+    // Whatever a damaged file is taken for, its tetrahedra have four different points that are there.
+    void damagedAnywhere()
+    {
+        QByteArray const text =
+            format + nodes + elements("3 2 0 10 7 8\n" + tetrahedron + "2 4 0 3 7 8 99\n");
+        for (qsizetype at = 0; at < text.size(); ++at) {
+            for (char const c : {'\0', '\n', ' ', '-', '0', '1', '4', '9', '$', 'e', '\xff'}) {
+                QByteArray damaged = text;
+                damaged[at] = c;
+                TetrahedralMesh mesh;
+                if (readGmsh(damaged, mesh))
+                    continue;
+                QVERIFY(mesh.tetrahedronCount() > 0);
+                for (auto tetrahedron = mesh.tetrahedra.begin(); tetrahedron != mesh.tetrahedra.end();
+                     tetrahedron += 4) {
+                    std::set<qint32> const points(tetrahedron, tetrahedron + 4);
+                    QVERIFY(points.size() == 4 && *points.begin() >= 0 &&
+                            *points.rbegin() < mesh.pointCount());
+                }
+            }
+        }
     }
 
     // Nothing else than a problem or sound tetrahedra comes out of a file that was cut anywhere.

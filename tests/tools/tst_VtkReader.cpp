@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <set>
+
 using namespace Qt::StringLiterals;
 using tool::ExitCode;
 using tool::Problem;
@@ -166,6 +168,30 @@ private Q_SLOTS:
         Problem const problem = readVtk(text, mesh);
         QTEST(problem.sentence, "sentence");
         QTEST(problem.code, "code");
+    }
+
+    void damagedAnywhere_data() { tetrahedra_data(); }
+
+    // Whatever a damaged file is taken for, its tetrahedra have four different points that are there.
+    void damagedAnywhere()
+    {
+        QFETCH(QByteArray, text);
+        for (qsizetype at = 0; at < text.size(); ++at) {
+            for (char const c : {'\0', '\n', ' ', '-', '0', '1', '4', '9', '$', 'e', '\xff'}) {
+                QByteArray damaged = text;
+                damaged[at] = c;
+                TetrahedralMesh mesh;
+                if (readVtk(damaged, mesh))
+                    continue;
+                QVERIFY(mesh.tetrahedronCount() > 0);
+                for (auto tetrahedron = mesh.tetrahedra.begin(); tetrahedron != mesh.tetrahedra.end();
+                     tetrahedron += 4) {
+                    std::set<qint32> const points(tetrahedron, tetrahedron + 4);
+                    QVERIFY(points.size() == 4 && *points.begin() >= 0 &&
+                            *points.rbegin() < mesh.pointCount());
+                }
+            }
+        }
     }
 
     void cutAnywhere_data() { tetrahedra_data(); }

@@ -64,6 +64,15 @@ QString whyNotRegular(QString const& path)
     return {};
 }
 
+QString whyUnreadable(QString const& path)
+{
+    QString const reason = whyNotRegular(path);
+    QFile file(path);
+    if (!reason.isEmpty() || file.open(QIODevice::ReadOnly))
+        return reason;
+    return Text::tr("cannot be opened: ") + file.errorString();
+}
+
 bool hasSuffix(Format const& format, QString const& path)
 {
     return hasSuffix(path, format.suffixes);

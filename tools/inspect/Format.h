@@ -65,6 +65,9 @@ bool hasSuffix(Format const& format, QString const& path);
 /// Why the path is not that of a regular file, links followed; empty when it is. Opens nothing.
 QString whyNotRegular(QString const& path);
 
+/// The same, and why it cannot be opened for reading.
+QString whyUnreadable(QString const& path);
+
 /// A file whose format is known.
 struct RecognisedFile
 {

@@ -21,7 +21,7 @@ constexpr std::array axes = {"x"_L1, "y"_L1, "z"_L1};
 
 Problem readMesh(QString const& path, VolumeFile& file)
 {
-    if (QString const problem = whyNotRegular(path); !problem.isEmpty())
+    if (QString const problem = whyUnreadable(path); !problem.isEmpty())
         return {ExitCode::ReadOrWriteFailed, problem};
     file = readVolumeFile(path);
     return file.problem.isEmpty() ? Problem() : Problem{ExitCode::Malformed, file.problem};
@@ -29,7 +29,7 @@ Problem readMesh(QString const& path, VolumeFile& file)
 
 Problem readConditions(QString const& path, ConditionsFile& file)
 {
-    if (QString const problem = whyNotRegular(path); !problem.isEmpty())
+    if (QString const problem = whyUnreadable(path); !problem.isEmpty())
         return {ExitCode::ReadOrWriteFailed, problem};
     file = readConditionsFile(path);
     return file.problem.isEmpty() ? Problem() : Problem{ExitCode::Malformed, file.problem};

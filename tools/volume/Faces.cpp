@@ -29,7 +29,7 @@ Problem findProblem(VolumeFile const& file, VolumeFindings const& findings)
 
 Problem read(QString const& path, VolumeFile& file, Console& console)
 {
-    if (QString const problem = whyNotRegular(path); !problem.isEmpty())
+    if (QString const problem = whyUnreadable(path); !problem.isEmpty())
         return {ExitCode::ReadOrWriteFailed, problem};
     file = readVolumeFile(path);
     VolumeFindings const findings = file.problem.isEmpty() ? findingsOf(file) : VolumeFindings();

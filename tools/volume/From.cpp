@@ -59,7 +59,7 @@ Problem read(QString const& path, TetrahedralMesh& mesh)
     if (source == nullptr)
         return {ExitCode::Usage, Text::tr("expected one of the suffixes %1")
                                      .arg(joinedSuffixes(std::span<Source const>(sources)))};
-    if (QString const problem = whyNotRegular(path); !problem.isEmpty())
+    if (QString const problem = whyUnreadable(path); !problem.isEmpty())
         return {ExitCode::ReadOrWriteFailed, problem};
     QByteArray text;
     Problem const problem = readText(path, text);
