@@ -2733,5 +2733,21 @@
         <source>the file ends in line %1: expected %2</source>
         <translation>die Datei endet in Zeile %1: erwartet: %2</translation>
     </message>
+    <message>
+        <source>Print the names as JSON, schema surfaceio.unpack/1</source>
+        <translation>Die Namen als JSON ausgeben, Schema surfaceio.unpack/1</translation>
+    </message>
+    <message>
+        <source>Name of the scanner</source>
+        <translation>Name des Scanners</translation>
+    </message>
+    <message>
+        <source>Its serial number</source>
+        <translation>Seine Seriennummer</translation>
+    </message>
+    <message>
+        <source>Version of the program that made the scan</source>
+        <translation>Version des Programms, das den Scan gemacht hat</translation>
+    </message>
 </context>
 </TS>

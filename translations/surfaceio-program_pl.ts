@@ -2767,5 +2767,21 @@
         <source>the file ends in line %1: expected %2</source>
         <translation>plik kończy się w wierszu %1; oczekiwano: %2</translation>
     </message>
+    <message>
+        <source>Print the names as JSON, schema surfaceio.unpack/1</source>
+        <translation>Wypisz nazwy jako JSON, schemat surfaceio.unpack/1</translation>
+    </message>
+    <message>
+        <source>Name of the scanner</source>
+        <translation>Nazwa skanera</translation>
+    </message>
+    <message>
+        <source>Its serial number</source>
+        <translation>Jego numer seryjny</translation>
+    </message>
+    <message>
+        <source>Version of the program that made the scan</source>
+        <translation>Wersja programu, który wykonał skan</translation>
+    </message>
 </context>
 </TS>

@@ -95,7 +95,7 @@ private Q_SLOTS:
     void json_data()
     {
         QTest::addColumn<QStringList>("command");
-        for (QStringList const& command : jsonCommands({}))
+        for (QStringList const& command : jsonCommands())
             QTest::newRow(qPrintable(command.join(u' '))) << command;
     }
 
@@ -114,6 +114,7 @@ private Q_SLOTS:
             {u"vmesh conditions"_s, {u"load.txt"_s}},
             {u"formats"_s, {}},
             {u"bundle list"_s, {u"shapes.xml"_s}},
+            {u"bundle unpack"_s, {u"shapes.xml"_s, u"unpacked"_s}},
         };
         QString const name = command.join(u' ');
         QVERIFY2(arguments.contains(name), "give this verb a row above");
@@ -141,6 +142,39 @@ private Q_SLOTS:
                "  ]\n"
                "}\n",
                {});
+    }
+
+    void shapesOfABundleAsJson()
+    {
+        verify(run({u"bundle"_s, u"unpack"_s, u"shapes.xml"_s, u"shapes"_s, u"--json"_s}), 0,
+               "{\n"
+               "  \"schema\": \"surfaceio.unpack/1\",\n"
+               "  \"files\": [\n"
+               "    {\"path\": \"shapes/01-one.ply\", \"shape\": 1}\n"
+               "  ]\n"
+               "}\n",
+               {});
+    }
+
+    // Every verb, and every verb within a verb, begins its help with what it is for and two examples that the
+    // program would take.
+    void helpBeginsWithExamples_data()
+    {
+        QTest::addColumn<QStringList>("command");
+        for (QStringList const& command : commandsBelow({}))
+            QTest::newRow(qPrintable(command.join(u' '))) << command;
+    }
+
+    void helpBeginsWithExamples()
+    {
+        QFETCH(QStringList, command);
+        QString const help = QString::fromUtf8(runProgram(command + QStringList(u"--help"_s)).standardOutput);
+        QStringList const lines = help.split(u'\n');
+        QVERIFY(lines[0].endsWith(u'.') && lines[0][0].isUpper());
+        QCOMPARE(lines.mid(1, 2), QStringList({QString(), u"Examples:"_s}));
+        QString const name = u"  surfaceio "_s + command.join(u' ');
+        QVERIFY(lines[3].startsWith(name) && lines[4].startsWith(name));
+        QVERIFY(lines[5].startsWith("Usage: "_L1));
     }
 
     void quietShowsFailuresOnly()
@@ -198,16 +232,33 @@ private:
         return runProgram(arguments, folder.path());
     }
 
-    static QList<QStringList> jsonCommands(QStringList const& command)
+    static QString helpOf(QStringList const& command)
     {
-        QString const help = QString::fromUtf8(runProgram(command + QStringList(u"--help"_s)).standardOutput);
+        return QString::fromUtf8(runProgram(command + QStringList(u"--help"_s)).standardOutput);
+    }
+
+    // All verbs, and the verbs within them.
+    static QList<QStringList> commandsBelow(QStringList const& command)
+    {
+        QString const help = helpOf(command);
         QList<QStringList> found;
-        if (help.contains(u"\n  --json "_s))
-            found << command;
         qsizetype const verbs = help.indexOf(u"\nSubcommands:\n"_s);
         for (QString const& line : help.mid(verbs < 0 ? help.size() : verbs).split(u'\n')) {
-            if (line.startsWith("  "_L1) && line[2] != u' ')
-                found << jsonCommands(command + QStringList(line.trimmed().section(u' ', 0, 0)));
+            if (!line.startsWith("  "_L1) || line[2] == u' ')
+                continue;
+            QStringList const verb = command + QStringList(line.trimmed().section(u' ', 0, 0));
+            found << verb;
+            found << commandsBelow(verb);
+        }
+        return found;
+    }
+
+    static QList<QStringList> jsonCommands()
+    {
+        QList<QStringList> found;
+        for (QStringList const& command : commandsBelow({})) {
+            if (helpOf(command).contains(u"\n  --json "_s))
+                found << command;
         }
         return found;
     }

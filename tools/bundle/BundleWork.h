@@ -35,6 +35,7 @@ struct UnpackOptions
     QString document;
     QString folder;
     bool mayReplace = false;
+    bool json = false;
 };
 
 /// Writes each shape of a document as a PLY file that carries its material. Prints their names; warns of

@@ -1,4 +1,5 @@
 #include "LibraryLog.h"
+#include "Report.h"
 #include "Text.h"
 #include "bundle/BundleWork.h"
 #include "bundle/ShapeList.h"
@@ -79,9 +80,30 @@ QString writePly(QString const& path, geometry::Mesh const& mesh, geometry::Mate
     PLYWriter writer;
     writer.setFilePath(output.temporaryPath());
     writer.setData(mesh, true, material);
-    if (!writer.write())
-        return writer.getErrorMessage();
+    if (!writer.write()) // its message names the temporary file
+        return Text::tr("could not be written");
     return output.commit(-1);
+}
+
+ExitCode writeAll(QList<Kept> const& kept, QList<geometry::Mesh> const& meshes,
+                  QList<geometry::Material> const& materials, UnpackOptions const& options, Console& console)
+{
+    Table files;
+    files.columns = {{"path"_L1, {}}, {"shape"_L1, {}}};
+    for (qsizetype i = 0; i < kept.size(); ++i) {
+        QString const path = QDir(options.folder).filePath(fileNameOf(kept[i]));
+        QString const problem = writePly(path, meshes[i], materials[i], options.mayReplace);
+        if (!problem.isEmpty())
+            return reported({ExitCode::ReadOrWriteFailed, problem}, path, console);
+        files.rows.push_back({path, qint64(kept[i].number)});
+        if (!options.json)
+            console.result(path + u'\n');
+    }
+    Report report;
+    report.add("files"_L1, {}, std::move(files));
+    if (options.json)
+        console.result(report.json("surfaceio.unpack/1"_L1));
+    return ExitCode::Ok;
 }
 
 } // namespace
@@ -108,14 +130,7 @@ ExitCode unpack(UnpackOptions const& options, Console& console)
     if (!QDir().mkpath(options.folder))
         return reported({ExitCode::ReadOrWriteFailed, Text::tr("the folder cannot be made")}, options.folder,
                         console);
-    for (qsizetype i = 0; i < kept.size(); ++i) {
-        QString const path = QDir(options.folder).filePath(fileNameOf(kept[i]));
-        QString const problem = writePly(path, meshes[i], materials[i], options.mayReplace);
-        if (!problem.isEmpty())
-            return reported({ExitCode::ReadOrWriteFailed, problem}, path, console);
-        console.result(path + u'\n');
-    }
-    return ExitCode::Ok;
+    return writeAll(kept, meshes, materials, options, console);
 }
 
 } // namespace tool::bundle

@@ -42,9 +42,9 @@ ExitCode pack(Options const& options, Console& console)
 
 ExitCode unpack(Options const& options, Console& console)
 {
-    return bundle::unpack(
-        {QString::fromStdString(options.document), QString::fromStdString(options.folder), options.force},
-        console);
+    return bundle::unpack({QString::fromStdString(options.document), QString::fromStdString(options.folder),
+                           options.force, options.json},
+                          console);
 }
 
 void addMaterialOption(CLI::App& packer, Options& options)
@@ -64,24 +64,34 @@ Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
     SubVerbs verbs(app);
-    CLI::App& lister = verbs.add("list", Text::utf8("Shows which shapes load, which are skipped, and why."),
-                                 [options](Console& console) { return list(*options, console); });
+    CLI::App& lister = verbs.add(
+        "list", Text::utf8("Shows which shapes load, which are skipped, and why."),
+        [options](Console& console) { return list(*options, console); },
+        "  surfaceio bundle list case.xml\n"
+        "  surfaceio bundle list case.xml --json");
     lister.add_option("DOCUMENT", options->document, Text::utf8("An associated-shapes document"))->required();
     lister.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.bundle/1"));
 
-    CLI::App& packer = verbs.add("pack", Text::utf8("Writes the document that lists some meshes."),
-                                 [options](Console& console) { return pack(*options, console); });
+    CLI::App& packer = verbs.add(
+        "pack", Text::utf8("Writes the document that lists some meshes."),
+        [options](Console& console) { return pack(*options, console); },
+        "  surfaceio bundle pack case.xml upper.stl lower.ply\n"
+        "  surfaceio bundle pack case.xml device.stl --material metal");
     packer.add_option("DOCUMENT", options->document, Text::utf8("File to write"))->required();
     packer.add_option("MESH", options->meshes, Text::utf8("Files to list: .stl, .ply, .obj"))->required();
     addMaterialOption(packer, *options);
 
-    CLI::App& unpacker =
-        verbs.add("unpack", Text::utf8("Writes each shape as a PLY file that carries its material."),
-                  [options](Console& console) { return unpack(*options, console); });
+    CLI::App& unpacker = verbs.add(
+        "unpack", Text::utf8("Writes each shape as a PLY file that carries its material."),
+        [options](Console& console) { return unpack(*options, console); },
+        "  surfaceio bundle unpack case.xml shapes\n"
+        "  surfaceio bundle unpack case.xml shapes --force --json");
     unpacker.add_option("DOCUMENT", options->document, Text::utf8("An associated-shapes document"))
         ->required();
     unpacker.add_option("FOLDER", options->folder, Text::utf8("Folder to write to; made when it is missing"))
         ->required();
+    unpacker.add_flag("--json", options->json,
+                      Text::utf8("Print the names as JSON, schema surfaceio.unpack/1"));
     for (CLI::App* const writer : {&packer, &unpacker})
         writer->add_flag("--force", options->force, Text::utf8("Replace files that exist"));
     return verbs.action();

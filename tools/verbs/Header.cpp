@@ -153,10 +153,14 @@ std::string wrongLine(std::string const& text)
 
 void addFields(CLI::App& verb, Options& options)
 {
-    verb.add_option("--scanner-name", options.scannerName)->check(wrongLine, "");
-    verb.add_option("--scanner-serial", options.scannerSerial)->check(wrongLine, "");
+    verb.add_option("--scanner-name", options.scannerName, Text::utf8("Name of the scanner"))
+        ->check(wrongLine, "");
+    verb.add_option("--scanner-serial", options.scannerSerial, Text::utf8("Its serial number"))
+        ->check(wrongLine, "");
     verb.add_option("--imported", options.imported, Text::utf8("yes or no"))->check(oneOf({"yes", "no"}));
-    verb.add_option("--software-version", options.softwareVersion)->check(wrongLine, "");
+    verb.add_option("--software-version", options.softwareVersion,
+                    Text::utf8("Version of the program that made the scan"))
+        ->check(wrongLine, "");
     verb.add_option("--date", options.date, Text::utf8("Date of acquisition, yyyy-mm-dd"))
         ->check(wrongDate, "");
 }
@@ -165,14 +169,23 @@ Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
     SubVerbs verbs(app);
-    CLI::App& getter = verbs.add("get", Text::utf8("Prints the scan metadata of a file."),
-                                 [options](Console& console) { return get(*options, console); });
+    CLI::App& getter = verbs.add(
+        "get", Text::utf8("Prints the scan metadata of a file."),
+        [options](Console& console) { return get(*options, console); },
+        "  surfaceio header get scan.stl\n"
+        "  surfaceio header get scan.ply --json");
     getter.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.header/1"));
-    CLI::App& setter = verbs.add("set", Text::utf8("Changes what is given and keeps the rest."),
-                                 [options](Console& console) { return set(*options, console); });
+    CLI::App& setter = verbs.add(
+        "set", Text::utf8("Changes what is given and keeps the rest."),
+        [options](Console& console) { return set(*options, console); },
+        "  surfaceio header set scan.stl --scanner-name TrueScan --date 2024-05-17\n"
+        "  surfaceio header set scan.ply --imported yes");
     addFields(setter, *options);
-    CLI::App& clearer = verbs.add("clear", Text::utf8("Takes the scan metadata out of a file."),
-                                  [options](Console& console) { return clear(*options, console); });
+    CLI::App& clearer = verbs.add(
+        "clear", Text::utf8("Takes the scan metadata out of a file."),
+        [options](Console& console) { return clear(*options, console); },
+        "  surfaceio header clear scan.stl\n"
+        "  surfaceio header clear --verbose scan.ply");
     for (CLI::App* const verb : {&getter, &setter, &clearer})
         verb->add_option("FILE", options->file, Text::utf8("A binary STL or PLY file"))->required();
     return verbs.action();

@@ -15,8 +15,7 @@ SubVerbs::SubVerbs(CLI::App& verb)
 CLI::App& SubVerbs::add(std::string const& name, std::string const& purpose, Verb::Action action,
                         std::string const& examples)
 {
-    std::string const description = examples.empty() ? purpose : purpose + examplesHeading() + examples;
-    CLI::App* const verb = parent.add_subcommand(name, description);
+    CLI::App* const verb = parent.add_subcommand(name, purpose + examplesHeading() + examples);
     verb->fallthrough();
     rows->push_back({verb, std::move(action)});
     return *verb;

@@ -17,7 +17,7 @@ public:
     /// Adds one, for its options to be added to. Options of every verb may follow it. `examples` are two
     /// commands, one a line.
     CLI::App& add(std::string const& name, std::string const& purpose, Verb::Action action,
-                  std::string const& examples = {});
+                  std::string const& examples);
 
     /// Does what the one that was given does.
     Verb::Action action() const;

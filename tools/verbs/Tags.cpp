@@ -72,8 +72,11 @@ ExitCode relabel(Options const& options, Console& console)
 
 void addList(SubVerbs& verbs, std::shared_ptr<Options> const& options)
 {
-    CLI::App& verb = verbs.add("list", Text::utf8("Prints the tags of a file, their facets and areas."),
-                               [options](Console& console) { return list(*options, console); });
+    CLI::App& verb = verbs.add(
+        "list", Text::utf8("Prints the tags of a file, their facets and areas."),
+        [options](Console& console) { return list(*options, console); },
+        "  surfaceio tags list scan.stl\n"
+        "  surfaceio tags list scan.stl --json");
     verb.add_option("FILE", options->in, Text::utf8("A binary STL file"))->required();
     verb.add_flag("--json", options->json, Text::utf8("Print JSON, schema surfaceio.tags/1"));
 }
@@ -82,7 +85,9 @@ void addSplit(SubVerbs& verbs, std::shared_ptr<Options> const& options)
 {
     CLI::App& verb = verbs.add(
         "split", Text::utf8("Writes the facets of each tag to a file of its own, and prints the names."),
-        [options](Console& console) { return split(*options, console); });
+        [options](Console& console) { return split(*options, console); },
+        "  surfaceio tags split scan.stl --pattern '{name}-{tag}.stl'\n"
+        "  surfaceio tags split scan.stl -d parts --force");
     verb.add_option("FILE", options->in, Text::utf8("A binary STL file"))->required();
     verb.add_option("--pattern", options->pattern,
                     Text::utf8("Name of each file, from {name}, {tag} and {subTag}"))
@@ -95,8 +100,11 @@ void addSplit(SubVerbs& verbs, std::shared_ptr<Options> const& options)
 
 void addMerge(SubVerbs& verbs, std::shared_ptr<Options> const& options)
 {
-    CLI::App& verb = verbs.add("merge", Text::utf8("Puts the facets of several files into one."),
-                               [options](Console& console) { return merge(*options, console); });
+    CLI::App& verb = verbs.add(
+        "merge", Text::utf8("Puts the facets of several files into one."),
+        [options](Console& console) { return merge(*options, console); },
+        "  surfaceio tags merge 1=gum.stl 31=tooth.stl -o scan.stl\n"
+        "  surfaceio tags merge upper.stl lower.stl -o both.stl");
     verb.add_option("FILE", options->inputs,
                     Text::utf8("Binary STL files; TAG=FILE or TAG/SUBTAG=FILE gives all facets a tag"))
         ->required();
@@ -106,8 +114,11 @@ void addMerge(SubVerbs& verbs, std::shared_ptr<Options> const& options)
 
 void addRelabel(SubVerbs& verbs, std::shared_ptr<Options> const& options)
 {
-    CLI::App& verb = verbs.add("relabel", Text::utf8("Gives facets other tags."),
-                               [options](Console& console) { return relabel(*options, console); });
+    CLI::App& verb = verbs.add(
+        "relabel", Text::utf8("Gives facets other tags."),
+        [options](Console& console) { return relabel(*options, console); },
+        "  surfaceio tags relabel scan.stl 3=31 '*=1' -o teeth.stl\n"
+        "  surfaceio tags relabel scan.stl '*/7=*/0' -o scan.stl --force");
     verb.add_option("FILE", options->in, Text::utf8("A binary STL file"))->required();
     verb.add_option("RULE", options->rules,
                     Text::utf8("OLD=NEW, each TAG, TAG/SUBTAG or *; the first that fits counts"))
