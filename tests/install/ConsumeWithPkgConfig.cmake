@@ -26,4 +26,7 @@ run("${PKG_CONFIG}" --cflags --libs surfaceio)
 separate_arguments(flags UNIX_COMMAND "${OUTPUT}")
 run("${COMPILER}" -std=c++20 -fPIC -Wall -Wextra -Werror "${CMAKE_CURRENT_LIST_DIR}/consumer/main.cpp"
   -o "${SCRATCH}/consumer" ${flags} "-Wl,-rpath,${libdir}")
-run("${SCRATCH}/consumer" "${CMAKE_CURRENT_LIST_DIR}/consumer/tetrahedron.stl" "${SCRATCH}/copy.ply")
+if(TRANSLATIONS)
+  set(language german)
+endif()
+run("${SCRATCH}/consumer" "${CMAKE_CURRENT_LIST_DIR}/consumer/tetrahedron.stl" "${SCRATCH}/copy.ply" ${language})
