@@ -1,22 +1,56 @@
 #include "VMeshFile.h"
+#include "support/PrivateAccess.h"
 #include "support/VolumeMeshes.h"
 #include "vmesh/MTModelBoundaryConditionsParser.h"
 #include "vmesh/MTModelBoundaryConditionsWriter.h"
 
 #include <QDir>
+#include <QTextStream>
 
+#include <bit>
+#include <cmath>
 #include <limits>
+#include <random>
 #include <type_traits>
 
 static_assert(std::has_virtual_destructor_v<MTModelBoundaryConditionsWriter>);
 static_assert(std::is_copy_constructible_v<MTModelBoundaryConditionsWriter> &&
               std::is_copy_assignable_v<MTModelBoundaryConditionsWriter>);
 
+namespace support {
+
+struct WriteConditions
+{
+    using Member = void (MTModelBoundaryConditionsWriter::*)(QTextStream&) const;
+    friend Member privateMember(WriteConditions);
+};
+
+template struct PrivateMember<WriteConditions, &MTModelBoundaryConditionsWriter::writeBoundaryConditions>;
+
+} // namespace support
+
 namespace {
 
 MTModelBoundaryConditions conditionList(QList<qint32> const& points, QList<float> const& values)
 {
     return {static_cast<qint32>(points.size()), support::sharedArray(points), support::sharedArray(values)};
+}
+
+// Any float, usual ones, and many in the middle of two texts of six digits.
+float someFloat(std::mt19937& random)
+{
+    int const digits = static_cast<int>(random() % 2'000'000) * 10 - 9'999'995;
+    switch (random() % 4) {
+    case 0:
+        return std::bit_cast<float>(static_cast<quint32>(random()));
+    case 1:
+        return std::uniform_real_distribution<float>(-100.0f, 100.0f)(random);
+    case 2:
+        return static_cast<float>(digits) * std::pow(10.0f, static_cast<float>(random() % 9));
+    default:
+        return static_cast<float>(int(random() % 4'000'001) - 2'000'000) /
+               static_cast<float>(1 << random() % 24);
+    }
 }
 
 QByteArray written(MTModelBoundaryConditions const& conditions)
@@ -130,6 +164,34 @@ private Q_SLOTS:
         QFETCH(QString, name);
         expectWarning("MTModelBoundaryConditionsWriter : could not open file for writing.");
         QVERIFY(!MTModelBoundaryConditionsWriter(conditionList({1}, {1, 2, 3})).write(name));
+    }
+
+    // Lines of bytes for a device, a text stream for a string: the same text, of any float there is.
+    void writesTheSameOntoDevicesAndIntoStrings()
+    {
+        std::mt19937 random(5);
+        QList<qint32> points;
+        QList<float> values;
+        for (int i = 0; i < 150'000; ++i) {
+            points << static_cast<qint32>(random());
+            for (int k = 0; k < 3; ++k)
+                values << someFloat(random);
+        }
+        using Limits = std::numeric_limits<float>;
+        points << 0 << std::numeric_limits<qint32>::min() << std::numeric_limits<qint32>::max() << -1 << 1;
+        values << 0.0f << -0.0f << 999999.5f << 999999.4f << -0.000099999995f << 0.0001f << Limits::lowest()
+               << Limits::denorm_min() << -Limits::min() << Limits::infinity() << -Limits::infinity()
+               << Limits::quiet_NaN() << -Limits::quiet_NaN() << -1.175494e-38f << 123456.5f;
+        MTModelBoundaryConditions const conditions = conditionList(points, values);
+        QString text;
+        QTextStream stream(&text);
+        MTModelBoundaryConditionsWriter const writer(conditions);
+        (writer.*privateMember(support::WriteConditions()))(stream);
+        stream.flush();
+        QByteArray const bytes = written(conditions);
+        QByteArray const body = bytes.mid(bytes.indexOf("150005\n") + 7).chopped(1);
+        QCOMPARE(body.size(), text.size());
+        QVERIFY(body == text.toLatin1());
     }
 
     void doesNotNoticeAFullDisk()

@@ -67,16 +67,28 @@ bool readItems(QDataStream& stream, List& list)
     return true;
 }
 
-/// Writes what `readItems` reads. False, too, for a list that a 32-bit count cannot hold.
-template <typename Word, typename List>
-bool writeItems(QDataStream& stream, List const& list)
+/// The items of a list on a machine that has them in memory as they are stored: no copy of them is made, and
+/// a device gets them in as few writes as it can take.
+template <typename List>
+bool writeAsTheyAre(QDataStream& stream, List const& list)
 {
-    using Item = typename List::value_type;
-    constexpr int itemBytes = sizeof(Item);
+    constexpr qsizetype itemBytes = sizeof(typename List::value_type);
+    constexpr qsizetype mostItems = std::numeric_limits<int>::max() / itemBytes;
+    for (qsizetype begin = 0; begin < list.size(); begin += mostItems) {
+        qsizetype const items = std::min(list.size() - begin, mostItems);
+        auto const* const bytes = reinterpret_cast<char const*>(list.constData() + begin);
+        if (!writeBytes(stream, bytes, static_cast<int>(items * itemBytes)))
+            return false;
+    }
+    return true;
+}
+
+/// The items of a list, turned around block by block.
+template <typename Word, typename List>
+bool writeSwapped(QDataStream& stream, List const& list)
+{
+    constexpr int itemBytes = sizeof(typename List::value_type);
     constexpr qsizetype blockItems = blockBytes / itemBytes;
-    if (list.size() > qsizetype(std::numeric_limits<quint32>::max()) ||
-        !writeWord(stream, static_cast<quint32>(list.size())))
-        return false;
     std::array<Word, blockBytes / sizeof(Word)> block;
     for (qsizetype begin = 0; begin < list.size(); begin += blockItems) {
         int const bytes = static_cast<int>(std::min(list.size() - begin, blockItems)) * itemBytes;
@@ -86,6 +98,19 @@ bool writeItems(QDataStream& stream, List const& list)
             return false;
     }
     return true;
+}
+
+/// Writes what `readItems` reads. False, too, for a list that a 32-bit count cannot hold.
+template <typename Word, typename List>
+bool writeItems(QDataStream& stream, List const& list)
+{
+    if (list.size() > qsizetype(std::numeric_limits<quint32>::max()) ||
+        !writeWord(stream, static_cast<quint32>(list.size())))
+        return false;
+    if constexpr (QSysInfo::ByteOrder == QSysInfo::LittleEndian)
+        return writeAsTheyAre(stream, list);
+    else
+        return writeSwapped<Word>(stream, list);
 }
 
 } // namespace shapestream
