@@ -26,8 +26,9 @@ function(surfaceio_compile_rules target)
 endfunction()
 
 # surfaceio_precompile(<target> <kind>): the headers that most of the time of a build goes into, compiled once for
-# all targets of a kind ("library", "program" or "tests") in a folder. A help for builds that compile everything,
-# as CI does; what SURFACEIO_PRECOMPILE leaves out shows that every source names the headers that it needs.
+# all targets of a kind ("library", "program" or "tests") in a folder. A help for builds with clang that
+# compile everything; g++ wants the same options for all users of such a header. Other builds show that every
+# source names the headers that it needs.
 function(surfaceio_precompile target kind)
   if(NOT kind IN_LIST SURFACEIO_PRECOMPILE)
     return()
