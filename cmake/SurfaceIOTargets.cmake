@@ -25,29 +25,6 @@ function(surfaceio_compile_rules target)
   endif()
 endfunction()
 
-# surfaceio_precompile(<target> <kind>): the headers that most of the time of a build goes into, compiled once for
-# all targets of a kind ("library", "program" or "tests") in a folder. A help for builds with clang that
-# compile everything; g++ wants the same options for all users of such a header. Other builds show that every
-# source names the headers that it needs.
-function(surfaceio_precompile target kind)
-  if(NOT kind IN_LIST SURFACEIO_PRECOMPILE)
-    return()
-  endif()
-  get_property(owner DIRECTORY PROPERTY SURFACEIO_PRECOMPILED_${kind})
-  if(owner)
-    target_precompile_headers(${target} REUSE_FROM ${owner})
-    return()
-  endif()
-  set(headers <QDataStream> <QDebug> <QFile> <QImage> <QTextStream> <QVector3D> <algorithm> <array> <memory> <vector>)
-  if(kind STREQUAL "program")
-    list(APPEND headers <CLI/CLI.hpp> <QDir> <QFileInfo>)
-  elseif(kind STREQUAL "tests")
-    list(APPEND headers <QBuffer> <QDir> <QJsonDocument> <QTemporaryDir> <QTest> <QtTest> <functional> <random>)
-  endif()
-  target_precompile_headers(${target} PRIVATE ${headers})
-  set_property(DIRECTORY PROPERTY SURFACEIO_PRECOMPILED_${kind} ${target})
-endfunction()
-
 # surfaceio_include_root(<target>): src/, the root of all includes. Where another target replaces
 # src/inhouse, its headers go by the same names and have to be found first: its folders stand in front, and
 # src/ is a system folder, because CMake makes the folders of imported targets system folders, which
@@ -75,7 +52,6 @@ function(surfaceio_add_level name)
   surfaceio_include_root(surfaceio_${name})
   target_link_libraries(surfaceio_${name} PUBLIC surfaceio_inhouse_interface ${ARG_LINK})
   surfaceio_compile_rules(surfaceio_${name})
-  surfaceio_precompile(surfaceio_${name} library)
   set_property(GLOBAL APPEND PROPERTY SURFACEIO_LEVELS surfaceio_${name})
 endfunction()
 
