@@ -1,7 +1,6 @@
 #include "Problem.h"
 #include "Report.h"
 #include "Text.h"
-#include "inspect/Format.h"
 #include "volume/VolumeFile.h"
 #include "volume/VolumeWork.h"
 
@@ -18,22 +17,6 @@ namespace tool::volume {
 namespace {
 
 constexpr std::array axes = {"x"_L1, "y"_L1, "z"_L1};
-
-Problem readMesh(QString const& path, VolumeFile& file)
-{
-    if (QString const problem = whyUnreadable(path); !problem.isEmpty())
-        return {ExitCode::ReadOrWriteFailed, problem};
-    file = readVolumeFile(path);
-    return file.problem.isEmpty() ? Problem() : Problem{ExitCode::Malformed, file.problem};
-}
-
-Problem readConditions(QString const& path, ConditionsFile& file)
-{
-    if (QString const problem = whyUnreadable(path); !problem.isEmpty())
-        return {ExitCode::ReadOrWriteFailed, problem};
-    file = readConditionsFile(path);
-    return file.problem.isEmpty() ? Problem() : Problem{ExitCode::Malformed, file.problem};
-}
 
 QVector3D vectorAt(QSharedPointer<float> const& array, qint64 index)
 {
@@ -118,9 +101,9 @@ ExitCode conditions(ConditionsOptions const& options, Console& console)
     bool const hasMesh = !options.mesh.isEmpty();
     VolumeFile volume;
     ConditionsFile file;
-    if (Problem const problem = hasMesh ? readMesh(options.mesh, volume) : Problem())
+    if (Problem const problem = hasMesh ? readSound(options.mesh, volume) : Problem())
         return reported(problem, options.mesh, console);
-    Problem problem = readConditions(options.in, file);
+    Problem problem = readSound(options.in, file);
     if (!problem && hasMesh)
         problem = findProblem(file.conditions, volume.mesh.numPoints);
     if (problem)

@@ -1,5 +1,4 @@
 #include "Text.h"
-#include "inspect/Format.h"
 #include "volume/VolumeFindings.h"
 #include "volume/VolumeOutput.h"
 #include "volume/VolumeWork.h"
@@ -13,8 +12,6 @@ namespace {
 // Rows can only be made from tetrahedra that are known.
 Problem findProblem(VolumeFile const& file, VolumeFindings const& findings)
 {
-    if (!file.problem.isEmpty())
-        return {ExitCode::Malformed, file.problem};
     if (findings.badReferenceCount > 0) {
         BadReference const& first = findings.badReferences.front();
         return {ExitCode::Malformed,
@@ -29,10 +26,9 @@ Problem findProblem(VolumeFile const& file, VolumeFindings const& findings)
 
 Problem read(QString const& path, VolumeFile& file, Console& console)
 {
-    if (QString const problem = whyUnreadable(path); !problem.isEmpty())
-        return {ExitCode::ReadOrWriteFailed, problem};
-    file = readVolumeFile(path);
-    VolumeFindings const findings = file.problem.isEmpty() ? findingsOf(file) : VolumeFindings();
+    if (Problem problem = readSound(path, file))
+        return problem;
+    VolumeFindings const findings = findingsOf(file);
     Problem problem = findProblem(file, findings);
     if (!problem && findings.foreignFaces > 0)
         console.warning(Text::tr("%1: %2 face rows with a point that their tetrahedron does not have are "

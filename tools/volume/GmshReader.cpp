@@ -73,7 +73,7 @@ public:
         }
         if (!hasElements)
             return malformed(words.expected(hasNodes ? u"\"$Elements\""_s : u"\"$Nodes\""_s));
-        return mesh.tetrahedra.empty() ? unsupported(Text::tr("holds no tetrahedra")) : Problem();
+        return problemOf(mesh);
     }
 
 private:
@@ -246,9 +246,8 @@ Problem GmshReader::takeElement(CellKind const& kind, qint64 tags)
         row.erase(row.begin(), row.begin() + numbersBeforeTags + tags);
         return takeTetrahedron();
     }
-    if (kind.dimension == 3)
-        return unsupported(Text::tr("line %1: %2 are not read, only tetrahedra")
-                               .arg(QString::number(words.line()), Text::shown(kind.name)));
+    if (Problem problem = problemOf(kind, words.line()))
+        return problem;
     ++mesh.leftOut[kind.name];
     return {};
 }

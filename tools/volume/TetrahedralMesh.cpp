@@ -1,5 +1,8 @@
 #include "volume/TetrahedralMesh.h"
 
+#include "Text.h"
+#include "volume/CellKinds.h"
+
 #include <algorithm>
 #include <memory>
 
@@ -16,6 +19,19 @@ QSharedPointer<Value> toShared(std::vector<Value> const& values)
 }
 
 } // namespace
+
+Problem problemOf(CellKind const& kind, qint64 line)
+{
+    if (kind.dimension < 3 || kind.isTetrahedron())
+        return {};
+    return unsupported(Text::tr("line %1: %2 are not read, only tetrahedra")
+                           .arg(QString::number(line), Text::shown(kind.name)));
+}
+
+Problem problemOf(TetrahedralMesh const& mesh)
+{
+    return mesh.tetrahedra.empty() ? unsupported(Text::tr("holds no tetrahedra")) : Problem();
+}
 
 qint64 removeUnusedPoints(TetrahedralMesh& mesh)
 {

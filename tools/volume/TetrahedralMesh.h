@@ -40,6 +40,13 @@ MTModelVMesh toVolumeMesh(TetrahedralMesh const& mesh);
 
 // For the readers.
 
+struct CellKind;
+
+/// That elements of a kind cannot be left out: solid ones other than tetrahedra.
+Problem problemOf(CellKind const& kind, qint64 line);
+/// What is wrong with a mesh that was read to its end: that it has no tetrahedra.
+Problem problemOf(TetrahedralMesh const& mesh);
+
 inline Problem malformed(QString const& sentence)
 {
     return {ExitCode::Malformed, sentence};

@@ -2,6 +2,7 @@
 
 #include "LibraryLog.h"
 #include "Text.h"
+#include "inspect/Format.h"
 #include "vmesh/MTModelBoundaryConditionsParser.h"
 #include "vmesh/MTModelVMeshParser.h"
 
@@ -113,6 +114,15 @@ QString conditionsProblem(QString const& path, qint64 number)
                     lines.line);
 }
 
+template <typename File>
+Problem readSoundWith(File (*read)(QString const&), QString const& path, File& file)
+{
+    if (QString const problem = whyUnreadable(path); !problem.isEmpty())
+        return {ExitCode::ReadOrWriteFailed, problem};
+    file = read(path);
+    return file.problem.isEmpty() ? Problem() : Problem{ExitCode::Malformed, file.problem};
+}
+
 } // namespace
 
 VolumeFile readVolumeFile(QString const& path)
@@ -131,6 +141,16 @@ ConditionsFile readConditionsFile(QString const& path)
     if (parser.read())
         return {parser.getBoundaryConditions(), {}};
     return {{}, conditionsProblem(path, lineNamedIn(log.messages()))};
+}
+
+Problem readSound(QString const& path, VolumeFile& file)
+{
+    return readSoundWith(readVolumeFile, path, file);
+}
+
+Problem readSound(QString const& path, ConditionsFile& file)
+{
+    return readSoundWith(readConditionsFile, path, file);
 }
 
 } // namespace tool

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Problem.h"
 #include "vmesh/MTModelBoundaryConditions.h"
 #include "vmesh/MTModelVMesh.h"
 
@@ -32,5 +33,9 @@ struct ConditionsFile
 };
 
 ConditionsFile readConditionsFile(QString const& path);
+
+/// Read a file that has to be sound. `file` is to be used only without a problem.
+Problem readSound(QString const& path, VolumeFile& file);
+Problem readSound(QString const& path, ConditionsFile& file);
 
 } // namespace tool

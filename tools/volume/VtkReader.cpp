@@ -41,7 +41,7 @@ public:
         }
         if (!hasPoints || !hasCells || !hasTypes)
             return malformed(words.expected(Text::tr("POINTS, CELLS and CELL_TYPES")));
-        return mesh.tetrahedra.empty() ? unsupported(Text::tr("holds no tetrahedra")) : Problem();
+        return problemOf(mesh);
     }
 
 private:
@@ -267,9 +267,8 @@ Problem VtkReader::readTypes()
 
 Problem VtkReader::takeCell(CellKind const& kind, qint64 cell)
 {
-    if (!kind.isTetrahedron() && kind.dimension == 3)
-        return unsupported(Text::tr("line %1: %2 are not read, only tetrahedra")
-                               .arg(QString::number(words.line()), Text::shown(kind.name)));
+    if (Problem problem = problemOf(kind, words.line()))
+        return problem;
     std::size_t const k = static_cast<std::size_t>(cell);
     qint64 const points = ends[k] - (k == 0 ? 0 : ends[k - 1]);
     bool const isSound = kind.nodes == 0 ? !kind.isTetrahedron() || points >= 4 : points == kind.nodes;
