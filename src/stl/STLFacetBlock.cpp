@@ -41,8 +41,6 @@ void putCorners(QVector3D const& p1, QVector3D const& p2, QVector3D const& p3, A
     target[vertexBlockBytes + 1] = static_cast<char>(attributes.second);
 }
 
-using Values = std::array<float, facetsAtOnce>;
-
 // As QVector3D::normalized does it, with its measure of length and its idea of what is as good as 0 or 1.
 void normalize(Normals& normals)
 {
@@ -93,6 +91,13 @@ void putFewFacets(std::span<int const> indices, QVector3D const* vertices, Attri
 Q_NEVER_INLINE QVector3D facetNormal(QVector3D const& p1, QVector3D const& p2, QVector3D const& p3)
 {
     return QVector3D::normal(p1, p2, p3);
+}
+
+void putFacet(QVector3D const& p1, QVector3D const& p2, QVector3D const& p3, Attributes attributes,
+              char* target)
+{
+    putPoint(facetNormal(p1, p2, p3), target);
+    putCorners(p1, p2, p3, attributes, target);
 }
 
 bool areFaces(std::span<int const> indices, qsizetype vertexCount)

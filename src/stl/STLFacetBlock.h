@@ -20,6 +20,10 @@ struct Attributes
 /// compiler to choose.
 QVector3D facetNormal(QVector3D const& p1, QVector3D const& p2, QVector3D const& p3);
 
+/// Writes one facet record to `target`, which has room for `facetBytes`.
+void putFacet(QVector3D const& p1, QVector3D const& p2, QVector3D const& p3, Attributes attributes,
+              char* target);
+
 /// True when the first three of every four of `indices` are among `vertexCount` vertices. `indices` holds
 /// whole groups of four.
 bool areFaces(std::span<int const> indices, qsizetype vertexCount);

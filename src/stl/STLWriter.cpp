@@ -1,6 +1,7 @@
 #include "stl/STLWriter.h"
 
 #include "framework/FileAccess.h"
+#include "framework/MemoryGuard.h"
 #include "framework/RowBlocks.h"
 #include "framework/ScanMetadata.h"
 #include "inhouse/data/Unstrip.h"
@@ -16,7 +17,7 @@
 
 #include <algorithm>
 #include <array>
-#include <new>
+#include <optional>
 #include <span>
 #include <utility>
 
@@ -37,24 +38,20 @@ void flush(QDataStream& stream)
         stream.setStatus(QDataStream::WriteFailed);
 }
 
-// Returns where the next one goes.
-char* putPoint(QVector3D const& point, char* target)
+QString writingFailed()
 {
-    static_assert(sizeof(QVector3D) == stl::normalBytes);
-    qToLittleEndian<float>(&point, 3, target);
-    return target + sizeof(QVector3D);
+    return QCoreApplication::translate("STLWriter", "Writing failed!");
 }
 
 // Want of memory is a failure to write.
 template <typename Step>
 bool succeeds(Step const& step, QString& errorMessage)
 {
-    try {
-        return step();
-    } catch (std::bad_alloc const&) {
-        errorMessage = QCoreApplication::translate("STLWriter", "Writing failed!");
-        return false;
-    }
+    using Verdict = std::optional<bool>;
+    Verdict const verdict = memory::resultOr(Verdict(), [&step] { return Verdict(step()); });
+    if (!verdict)
+        errorMessage = writingFailed();
+    return verdict.value_or(false);
 }
 
 } // namespace
@@ -122,7 +119,7 @@ bool STLWriter::writeData(QDataStream& stream)
     writeTriangles(mesh, stream);
     flush(stream);
     if (stream.status() == QDataStream::WriteFailed) {
-        errorMessage = QCoreApplication::translate("STLWriter", "Writing failed!");
+        errorMessage = writingFailed();
         return false;
     }
     return true;
@@ -176,10 +173,6 @@ void STLWriter::writeFace(QVector3D const& p1, QVector3D const& p2, QVector3D co
                           QDataStream& stream) const
 {
     std::array<char, stl::facetBytes> facet;
-    char* target = facet.data();
-    for (QVector3D const& point : {stl::facetNormal(p1, p2, p3), p1, p2, p3})
-        target = putPoint(point, target);
-    target[0] = static_cast<char>(firstAttributeByte);
-    target[1] = static_cast<char>(secondAttributeByte);
+    stl::putFacet(p1, p2, p3, {firstAttributeByte, secondAttributeByte}, facet.data());
     stream.writeRawData(facet.data(), stl::facetBytes);
 }
