@@ -50,7 +50,7 @@ bool areCountsCredible(qint32 numVertices, qint32 numIndices, qint64 fileSize)
 template <typename Value>
 std::unique_ptr<Value[]> readArray(QDataStream& stream, qint64 count)
 {
-    using meshrecord::valuesAtOnce;
+    constexpr qint64 valuesAtOnce = 8192;
     using Stored = meshrecord::Stored<Value>;
     std::array<char, valuesAtOnce * sizeof(Stored)> block;
     std::unique_ptr<Value[]> values(new (std::nothrow) Value[static_cast<std::size_t>(count)]());

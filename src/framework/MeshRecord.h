@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QtGlobal>
-
 #include <type_traits>
 
 /// What the reader and the writer of the mesh array record share. All of it is big-endian.
@@ -10,8 +8,5 @@ namespace meshrecord {
 /// How a value is stored: floats as doubles.
 template <typename Value>
 using Stored = std::conditional_t<std::is_same_v<Value, float>, double, Value>;
-
-/// So many go through memory at a time.
-inline constexpr qint64 valuesAtOnce = 8192;
 
 } // namespace meshrecord

@@ -14,7 +14,6 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -47,17 +46,11 @@ template <typename Value>
 bool writeArray(RowBlocks& blocks, Value const* values, qint64 count)
 {
     using Stored = meshrecord::Stored<Value>;
-    while (count > 0) {
-        std::span<char> const room = blocks.room();
-        qint64 const size = std::min(count, static_cast<qint64>(room.size() / sizeof(Stored)));
-        char* target = room.data();
-        for (Value const* const end = values + size; values != end; ++values, target += sizeof(Stored))
-            qToBigEndian(static_cast<Stored>(*values), target);
-        if (!blocks.take(target - room.data()))
-            return false;
-        count -= size;
-    }
-    return true;
+    return blocks.putRows(count, sizeof(Stored), [values](qsizetype first, qsizetype size, char* target) {
+        for (Value const* value = values + first; value != values + first + size;
+             ++value, target += sizeof(Stored))
+            qToBigEndian(static_cast<Stored>(*value), target);
+    });
 }
 
 // That the device takes no more is not looked at.

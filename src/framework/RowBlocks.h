@@ -2,6 +2,7 @@
 
 #include <QDataStream>
 
+#include <algorithm>
 #include <memory>
 #include <span>
 
@@ -21,6 +22,10 @@ public:
     std::span<char> room() { return {bytes.get() + filled, static_cast<std::size_t>(roomBytes - filled)}; }
     /// Takes the first `size` bytes of the room. False when a block was full and could not be written.
     bool take(qsizetype size);
+    /// Gathers `count` rows of `rowBytes`, which `put(first, count, target)` makes, as many as there is room
+    /// for at a time. False as for `take`.
+    template <typename Put>
+    bool putRows(qsizetype count, qsizetype rowBytes, Put const& put);
     /// What is still gathered. False when it could not be written.
     bool write() { return writeFirst(filled); }
 
@@ -33,3 +38,17 @@ private:
     std::unique_ptr<char[]> bytes;
     qsizetype filled = 0;
 };
+
+template <typename Put>
+bool RowBlocks::putRows(qsizetype count, qsizetype rowBytes, Put const& put)
+{
+    for (qsizetype first = 0; first < count;) {
+        std::span<char> const target = room();
+        qsizetype const rows = std::min(count - first, static_cast<qsizetype>(target.size()) / rowBytes);
+        put(first, rows, target.data());
+        if (!take(rows * rowBytes))
+            return false;
+        first += rows;
+    }
+    return true;
+}

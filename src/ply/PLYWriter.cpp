@@ -17,7 +17,6 @@
 #include <bit>
 #include <cstring>
 #include <initializer_list>
-#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -91,20 +90,12 @@ void putFaces(int const* indices, qsizetype count, char* target)
     }
 }
 
-// Writes `count` rows of equal length, which `put(first, count, target)` makes.
+// As RowBlocks::putRows.
 template <typename Put>
 bool writeRows(QDataStream& stream, qsizetype count, qsizetype rowBytes, Put const& put)
 {
     RowBlocks blocks(stream, rowBytes);
-    for (qsizetype first = 0; first < count;) {
-        std::span<char> const room = blocks.room();
-        qsizetype const rows = std::min(count - first, static_cast<qsizetype>(room.size()) / rowBytes);
-        put(first, rows, room.data());
-        if (!blocks.take(rows * rowBytes))
-            return false;
-        first += rows;
-    }
-    return blocks.write();
+    return blocks.putRows(count, rowBytes, put) && blocks.write();
 }
 
 class MaterialRow
