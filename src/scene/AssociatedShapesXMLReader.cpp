@@ -120,10 +120,8 @@ bool AssociatedShapesXMLReader::readDocument(QString const& xmlFilePath)
     for (int i = 0; i < shapes.size(); ++i) {
         QString const name = shapes.at(i).toElement().text();
         QString const path = QFileInfo(directory, name).absoluteFilePath();
-        if (files::isPipeOrDevice(path)) {
-            qWarning() << "AssociatedShapesXMLReader : no regular file :" << path;
+        if (files::isPipeOrDevice(path))
             continue;
-        }
         geometry::Mesh const mesh = readShape(path);
         if (mesh.isNull())
             continue;
