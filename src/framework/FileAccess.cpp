@@ -4,9 +4,28 @@
 
 namespace files {
 
+namespace {
+
+bool hasNul(QString const& path)
+{
+    return path.contains(QChar(u'\0'));
+}
+
+} // namespace
+
 bool open(QFile& file, QIODevice::OpenMode mode)
 {
     return !file.fileName().isEmpty() && file.open(mode);
+}
+
+bool mayBeNamed(QString const& path)
+{
+    return !hasNul(path) && QFileInfo::exists(path) && !isPipeOrDevice(path);
+}
+
+QString absolutePath(QString const& path)
+{
+    return hasNul(path) ? path : QFileInfo(path).absoluteFilePath();
 }
 
 bool isPipeOrDevice(QString const& path)

@@ -43,16 +43,10 @@ bool mayBePath(QString const& name)
     return name.size() <= longestPath && name.size() - lastPart <= longestPart;
 }
 
-// Qt has something to say of a path with a NUL inside; no file has one.
-bool exists(QString const& path)
-{
-    return !path.contains(QChar(u'\0')) && QFile::exists(path) && !files::isPipeOrDevice(path);
-}
-
 // Of all the spellings of a path the same; empty where there is no file.
 QString canonicalPath(QString const& path)
 {
-    return exists(path) ? QFileInfo(path).canonicalFilePath() : QString();
+    return files::mayBeNamed(path) ? QFileInfo(path).canonicalFilePath() : QString();
 }
 
 // A number that no int holds becomes one that no colour holds, as a conversion of it would be undefined.
@@ -88,7 +82,7 @@ std::vector<QString> OBJReader::reconstructMTLFileNames(QList<QString> const& to
         candidate += tokens[i];
         if (!mayBePath(candidate))
             break;
-        if (exists(pathBeside(fileName, candidate))) {
+        if (files::mayBeNamed(pathBeside(fileName, candidate))) {
             names.push_back(candidate);
             candidate.clear();
         } else {
@@ -102,7 +96,7 @@ OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName, bool* hasWarne
 {
     QString const given = pathBeside(fileName, mtlFileName);
     QString const path = QDir::cleanPath(given);
-    if (!exists(given)) {
+    if (!files::mayBeNamed(given)) {
         if (mtlFileName != "NONE"_L1)
             qWarning() << "OBJReader::handleMTL"
                        << "mtl file" << path << "not found";
@@ -176,7 +170,7 @@ OBJReader::Error OBJReader::loadTexture(QString const& textureFileName, QImage& 
 {
     QString const given = pathBeside(fileName, textureFileName);
     QString const path = QDir::cleanPath(given);
-    if (!exists(given)) {
+    if (!files::mayBeNamed(given)) {
         qWarning() << "OBJReader::loadTexture"
                    << "Texture file" << path << "not found";
         return CannotFindTextureFile;

@@ -216,9 +216,9 @@ bool PLYReader::handleTexture(QString const& name, PLYHeader& header) const
         header.setTexture(textureOverride);
         return true;
     }
-    QString const path = QFileInfo(QFileInfo(fileName).dir(), name).absoluteFilePath();
-    if (!QFileInfo::exists(path) || files::isPipeOrDevice(path)) {
-        qWarning() << "Texture file" << path << "not found";
+    QString const path = QFileInfo(fileName).dir().absoluteFilePath(name);
+    if (!files::mayBeNamed(path)) {
+        qWarning() << "Texture file" << files::absolutePath(path) << "not found";
         return false;
     }
     QImageReader reader(path);

@@ -109,6 +109,8 @@ void tst_PLYReaderTexture::initTestCase()
     QVERIFY(grid().save(path(u"a b.png"_s)));
     QVERIFY(grid().save(path(u"g\u00FCte \u20AC.png"_s)));
     QVERIFY(grid().save(path(u"sub/a folder/grid.png"_s)));
+    QVERIFY(QDir(folder.path()).mkpath(u"deep"_s));
+    QVERIFY(QFile::link(path(u"sub"_s), path(u"deep/link"_s)));
     QVERIFY(grid().save(path(u"grid.jpg"_s), "PNG"));
     QVERIFY(grid().save(path(u"grid"_s), "PNG"));
     QVERIFY(plain(Qt::red).save(path(u"red.png"_s)));
@@ -128,6 +130,9 @@ void tst_PLYReaderTexture::findsTheTexture_data()
     QTest::newRow("beyond ASCII") << QByteArray("comment TextureFile g\xC3\xBCte \xE2\x82\xAC.png");
     QTest::newRow("in a folder") << QByteArray("comment TextureFile sub/a folder/grid.png");
     QTest::newRow("up and down") << QByteArray("comment TextureFile sub/../grid.png");
+#ifdef Q_OS_UNIX
+    QTest::newRow("up from where a link leads") << QByteArray("comment TextureFile deep/link/../grid.png");
+#endif
     QTest::newRow("absolute") << "comment TextureFile " + path(u"grid.png"_s).toUtf8();
     QTest::newRow("PNG of another suffix") << QByteArray("comment TextureFile grid.jpg");
     QTest::newRow("no suffix") << QByteArray("comment TextureFile grid");
@@ -175,6 +180,8 @@ void tst_PLYReaderTexture::missesTheTexture_data()
     QTest::newRow("quoted") << QByteArray("comment TextureFile \"grid.png\"") << u"\"grid.png\""_s;
     QTest::newRow("two names") << QByteArray("comment TextureFile grid.png red.png") << u"grid.png red.png"_s;
     QTest::newRow("tab") << QByteArray("comment TextureFile grid\t.png") << u"grid\t.png"_s;
+    QTest::newRow("NUL") << QByteArray("comment TextureFile grid.png").append('\0').append("x")
+                         << u"grid.png"_s + QChar(u'\0') + u'x';
     QTest::newRow("not an image") << QByteArray("comment TextureFile broken.png") << QString();
     QTest::newRow("a folder") << QByteArray("comment TextureFile sub") << QString();
     QTest::newRow("no name") << QByteArray("comment TextureFile") << QString();
