@@ -14,20 +14,6 @@ namespace {
 
 using Files = std::vector<GrowingFile>;
 
-QByteArray number(qint64 value)
-{
-    return QByteArray::number(value);
-}
-
-template <typename Piece>
-QByteArray joined(int count, Piece const& piece)
-{
-    QByteArray bytes;
-    for (int i = 0; i < count; ++i)
-        bytes += piece(i);
-    return bytes;
-}
-
 void add(Files& files, QByteArray const& name, QByteArray const& subject, QByteArray (*make)(int))
 {
     files.push_back({name, subjectsOf(subject).front(), make});

@@ -3,6 +3,8 @@
 #include "framework/SurfaceReader.h"
 #include "hostile/Subjects.h"
 
+#include <QByteArray>
+
 /// The subjects of each format.
 namespace hostile {
 
@@ -18,5 +20,20 @@ void addPly(std::vector<Subject>& list);
 void addObj(std::vector<Subject>& list);
 void addVolumes(std::vector<Subject>& list);
 void addScene(std::vector<Subject>& list);
+
+inline QByteArray number(qint64 value)
+{
+    return QByteArray::number(value);
+}
+
+/// What `piece(0)`, `piece(1)` and so on give, one behind the other.
+template <typename Piece>
+QByteArray joined(int count, Piece const& piece)
+{
+    QByteArray bytes;
+    for (int i = 0; i < count; ++i)
+        bytes += piece(i);
+    return bytes;
+}
 
 } // namespace hostile

@@ -16,26 +16,14 @@
 
 #include <cmath>
 
+using hostile::joined;
+using hostile::number;
 using hostile::Outcome;
 using hostile::Subject;
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QByteArray number(qint64 value)
-{
-    return QByteArray::number(value);
-}
-
-template <typename Piece>
-QByteArray joined(int count, Piece const& piece)
-{
-    QByteArray bytes;
-    for (int i = 0; i < count; ++i)
-        bytes += piece(i);
-    return bytes;
-}
 
 Subject subjectNamed(QByteArray const& name)
 {
