@@ -49,6 +49,22 @@ void operator delete(void* memory, std::size_t) noexcept
     std::free(memory);
 }
 
+// The sanitizers' own forms for arrays would not come by here.
+void* operator new[](std::size_t size)
+{
+    return operator new(size);
+}
+
+void operator delete[](void* memory) noexcept
+{
+    operator delete(memory);
+}
+
+void operator delete[](void* memory, std::size_t) noexcept
+{
+    operator delete(memory);
+}
+
 class tst_STLMemory : public QObject
 {
     Q_OBJECT

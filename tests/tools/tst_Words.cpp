@@ -57,7 +57,8 @@ private Q_SLOTS:
 
     void whatWasExpected()
     {
-        Words words("a\n  b c  \r\n" + QByteArray(100, 'x'));
+        QByteArray const text = "a\n  b c  \r\n" + QByteArray(100, 'x');
+        Words words(text);
         words.next();
         words.next();
         QCOMPARE(words.expected(u"d"_s), u"line 2: expected d, found \"b\""_s);
