@@ -47,8 +47,8 @@ bool writeArray(RowBlocks& blocks, Value const* values, qint64 count)
 {
     using Stored = meshrecord::Stored<Value>;
     return blocks.putRows(count, sizeof(Stored), [values](qsizetype first, qsizetype size, char* target) {
-        for (Value const* value = values + first; value != values + first + size;
-             ++value, target += sizeof(Stored))
+        Value const* const end = values + first + size;
+        for (Value const* value = values + first; value != end; ++value, target += sizeof(Stored))
             qToBigEndian(static_cast<Stored>(*value), target);
     });
 }

@@ -19,6 +19,7 @@
 #include <vector>
 
 class OBJCornerMap;
+class OBJTextureCache;
 class QIODevice;
 class QTextStream;
 
@@ -181,11 +182,12 @@ private:
 
     // Materials and textures (OBJReaderMaterials.cpp).
     std::vector<QString> reconstructMTLFileNames(QList<QString> const& tokens) const;
-    Error handleMTL(QString const& mtlFileName, bool* hasWarned = nullptr);
+    Error handleMTL(QString const& mtlFileName);
+    Error handleMTL(QString const& mtlFileName, LibraryReading& library);
     Error readMTLLine(Tokens const& tokens, LibraryReading& library);
     Error readTextureStatement(Tokens const& tokens, LibraryReading& library);
     QColor readDiffuseColor(Tokens const& tokens, bool& hasWarned) const;
-    Error loadTexture(QString const& textureFileName, QImage& image) const;
+    Error loadTexture(QString const& textureFileName, QImage& image, OBJTextureCache& known) const;
     void fixMaterials(WorkingLists& lists);
     void fixNonExistingButUsedMaterials(MaterialUsage& usage) const;
     void pruneUnusedMaterials(MaterialUsage const& usage);

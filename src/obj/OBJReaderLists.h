@@ -1,6 +1,7 @@
 #pragma once
 
 #include "obj/OBJReader.h"
+#include "obj/OBJTextureCache.h"
 
 #include <algorithm>
 
@@ -61,6 +62,18 @@ private:
     int* end = next;
 };
 
+/// What is known while a material library is read.
+struct OBJReader::LibraryReading
+{
+    explicit LibraryReading(OBJTextureCache& texturesOfTheRead)
+        : textures(texturesOfTheRead)
+    {}
+
+    QString currentMaterial;
+    OBJTextureCache& textures;
+    bool hasWarned = false;
+};
+
 /// What one read collects and drops at its end.
 struct OBJReader::WorkingLists
 {
@@ -83,6 +96,8 @@ struct OBJReader::WorkingLists
     // The library that the material table is of, when to read it once more would change nothing and log
     // nothing.
     QString currentLibrary;
+    // Of all libraries.
+    OBJTextureCache textures;
 
     /// Brings all three index lists to the same length, with -1 for what is absent.
     void completeIndices()

@@ -43,12 +43,6 @@ bool mayBePath(QString const& name)
     return name.size() <= longestPath && name.size() - lastPart <= longestPart;
 }
 
-// Of all the spellings of a path the same; empty where there is no file.
-QString canonicalPath(QString const& path)
-{
-    return files::mayBeNamed(path) ? QFileInfo(path).canonicalFilePath() : QString();
-}
-
 // A number that no int holds becomes one that no colour holds, as a conversion of it would be undefined.
 int toColorComponent(float value)
 {
@@ -64,15 +58,25 @@ QImage makeFlatTexture(QColor const& color)
     return image;
 }
 
-} // namespace
-
-/// What is known while a material library is read.
-struct OBJReader::LibraryReading
+OBJTexture decode(QString const& path)
 {
-    QString currentMaterial;
-    OBJTextureCache textures;
-    bool hasWarned = false;
-};
+    if (images::claimsTooMuch(path)) {
+        // What the decoder would say once it has allocated what is claimed.
+        return {{}, OBJReader::TextureProcessingFailed, QImageReader::tr("Unable to read image data")};
+    }
+    QImageReader reader(path, {});
+    QImage const image = reader.read();
+    if (!image.isNull())
+        return {image, OBJReader::NoError, {}};
+    if (reader.error() == QImageReader::InvalidDataError)
+        return {{}, OBJReader::TextureProcessingFailed, reader.errorString()};
+    // A second chance whose outcome does not count.
+    QImage scratch;
+    scratch.load(path, "JPG");
+    return {{}, OBJReader::CannotOpenTextureFile, {}};
+}
+
+} // namespace
 
 std::vector<QString> OBJReader::reconstructMTLFileNames(QList<QString> const& tokens) const
 {
@@ -92,7 +96,14 @@ std::vector<QString> OBJReader::reconstructMTLFileNames(QList<QString> const& to
     return names;
 }
 
-OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName, bool* hasWarned)
+OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName)
+{
+    OBJTextureCache textures;
+    LibraryReading library(textures);
+    return handleMTL(mtlFileName, library);
+}
+
+OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName, LibraryReading& library)
 {
     QString const given = pathBeside(fileName, mtlFileName);
     QString const path = QDir::cleanPath(given);
@@ -111,7 +122,6 @@ OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName, bool* hasWarne
     materials.clear();
     QTextStream stream(&file);
     OBJLineReader reader(stream);
-    LibraryReading library;
     while (!reader.atEnd()) {
         if (!reader.readLine())
             return InvalidMaterialFile;
@@ -121,8 +131,6 @@ OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName, bool* hasWarne
         if (Error const result = readMTLLine(tokens, library); result != NoError)
             return result;
     }
-    if (hasWarned)
-        *hasWarned = library.hasWarned;
     return NoError;
 }
 
@@ -144,13 +152,9 @@ OBJReader::Error OBJReader::readTextureStatement(Tokens const& tokens, LibraryRe
 {
     // Of everything after the keyword, options like "-s 1 1 1" included, the file name is made.
     QString const name = parseMaterialName(tokens);
-    QString const path = canonicalPath(pathBeside(fileName, name));
-    QImage image = library.textures.find(path);
-    if (image.isNull()) {
-        if (Error const result = loadTexture(name, image); result != NoError)
-            return result;
-        library.textures.insert(path, image);
-    }
+    QImage image;
+    if (Error const result = loadTexture(name, image, library.textures); result != NoError)
+        return result;
     if (library.currentMaterial.isEmpty())
         return InvalidMaterialFile;
     materials[library.currentMaterial].texture = image;
@@ -166,7 +170,8 @@ QColor OBJReader::readDiffuseColor(Tokens const& tokens, bool& hasWarned) const
     return QColor(rgb[0], rgb[1], rgb[2], 255);
 }
 
-OBJReader::Error OBJReader::loadTexture(QString const& textureFileName, QImage& image) const
+OBJReader::Error OBJReader::loadTexture(QString const& textureFileName, QImage& image,
+                                        OBJTextureCache& known) const
 {
     QString const given = pathBeside(fileName, textureFileName);
     QString const path = QDir::cleanPath(given);
@@ -175,27 +180,19 @@ OBJReader::Error OBJReader::loadTexture(QString const& textureFileName, QImage& 
                    << "Texture file" << path << "not found";
         return CannotFindTextureFile;
     }
-    if (images::claimsTooMuch(given)) {
-        // What the decoder would say once it has allocated what is claimed.
-        qWarning() << "OBJReader::loadTexture" << QImageReader::tr("Unable to read image data");
-        return TextureProcessingFailed;
+    QString const canonical = QFileInfo(given).canonicalFilePath();
+    OBJTexture const* outcome = known.find(canonical);
+    if (!outcome)
+        outcome = &known.insert(canonical, decode(given));
+    if (outcome->error == NoError) {
+        image = outcome->image;
+    } else if (outcome->error == TextureProcessingFailed) {
+        qWarning() << "OBJReader::loadTexture" << outcome->errorText;
+    } else {
+        qWarning() << "OBJReader::loadTexture"
+                   << "Could not read texture file at " << path;
     }
-    QImageReader reader(given, {});
-    QImage const loaded = reader.read();
-    if (!loaded.isNull()) {
-        image = loaded;
-        return NoError;
-    }
-    if (reader.error() == QImageReader::InvalidDataError) {
-        qWarning() << "OBJReader::loadTexture" << reader.errorString();
-        return TextureProcessingFailed;
-    }
-    // A second chance whose outcome does not count.
-    QImage scratch;
-    scratch.load(given, "JPG");
-    qWarning() << "OBJReader::loadTexture"
-               << "Could not read texture file at " << path;
-    return CannotOpenTextureFile;
+    return outcome->error;
 }
 
 void OBJReader::fixMaterials(WorkingLists& lists)

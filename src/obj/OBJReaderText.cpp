@@ -106,6 +106,7 @@ OBJReader::Error OBJReader::readLines(QTextStream& stream, WorkingLists& lists,
     lists.positionIndices = lists.positionFaces.take();
     lists.normalIndices = lists.normalFaces.take();
     lists.textureIndices = lists.textureFaces.take();
+    lists.textures = {};
     return cancel ? Cancelled : NoError;
 }
 
@@ -210,9 +211,9 @@ void OBJReader::readMaterialLibrary(Tokens const& tokens, WorkingLists& lists)
         error = MultipleMaterialFilesUnsupported;
     } else if (names.size() == 1 && names.front() != lists.currentLibrary) {
         // Some programs name their library before each object.
-        bool hasWarned = false;
-        Error const result = handleMTL(names.front(), &hasWarned);
-        lists.currentLibrary = result == NoError && !hasWarned ? names.front() : QString();
+        LibraryReading library(lists.textures);
+        Error const result = handleMTL(names.front(), library);
+        lists.currentLibrary = result == NoError && !library.hasWarned ? names.front() : QString();
         if (textureSupport == TextureRequired)
             error = result;
     }

@@ -6,19 +6,32 @@ constexpr qsizetype bytesBetweenCleanings = qsizetype(64) * 1024 * 1024;
 
 } // namespace
 
-QImage OBJTextureCache::find(QString const& path) const
+OBJTexture const* OBJTextureCache::find(QString const& path) const
 {
-    auto const found = images.find(path);
-    return found == images.end() ? QImage() : found->second;
+    auto const found = entries.find(path);
+    return found == entries.end() || found->second.isDropped ? nullptr : &found->second.texture;
 }
 
-void OBJTextureCache::insert(QString const& path, QImage const& image)
+OBJTexture const& OBJTextureCache::insert(QString const& path, OBJTexture const& texture)
 {
-    // An image that is not shared is nobody's but the cache's.
-    if (bytesSinceCleaning > bytesBetweenCleanings) {
-        std::erase_if(images, [](auto const& entry) { return entry.second.isDetached(); });
-        bytesSinceCleaning = 0;
+    if (bytesSinceCleaning > bytesBetweenCleanings)
+        dropUnused();
+    Entry& entry = entries[path];
+    entry.isToStay = entry.isDropped;
+    entry.isDropped = false;
+    entry.texture = texture;
+    bytesSinceCleaning += texture.image.sizeInBytes();
+    return entry.texture;
+}
+
+// An image that is not shared is nobody's but the cache's.
+void OBJTextureCache::dropUnused()
+{
+    for (auto& [path, entry] : entries) {
+        if (entry.isToStay || !entry.texture.image.isDetached())
+            continue;
+        entry.texture.image = QImage();
+        entry.isDropped = true;
     }
-    images[path] = image;
-    bytesSinceCleaning += image.sizeInBytes();
+    bytesSinceCleaning = 0;
 }

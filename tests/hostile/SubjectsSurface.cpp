@@ -153,6 +153,8 @@ Subject objWithLibrary()
 {
     auto const folder = std::make_shared<ObjFiles>();
     folder->write(u"large.png"_s, support::plainImage(largeImageSide, largeImageSide, Qt::red));
+    folder->write(u"cut.png"_s, contentOf(folder->path(u"large.png"_s)).chopped(1000));
+    folder->write(u"other.mtl"_s, "newmtl a\nmap_Kd large.png\n");
     Subject subject{"obj-with-library", "obj", {}};
     subject.isText = true;
     subject.fromBytes = [folder](QByteArray const& bytes, std::atomic<bool> const& cancel) {

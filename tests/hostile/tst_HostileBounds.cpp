@@ -173,7 +173,7 @@ void tst_HostileBounds::bombs()
 void tst_HostileBounds::decodesAnImageOnce_data()
 {
     QTest::addColumn<QByteArray>("one");
-    QTest::addColumn<QByteArray>("thousand");
+    QTest::addColumn<QByteArray>("many");
     QByteArray const image = "newmtl a\nmap_Kd large.png\n";
     QTest::newRow("the same line") << image << image.repeated(1000);
     QTest::newRow("the same image") << image << image + QByteArray("map_Ka ./large.png\n").repeated(1000);
@@ -182,19 +182,27 @@ void tst_HostileBounds::decodesAnImageOnce_data()
         << image + joined(1000, [](int i) { return "newmtl " + number(i) + "\nmap_Kd large.png\n"; });
     QTest::newRow("in turn with another")
         << image << image + QByteArray("map_Kd a.png\nmap_Kd large.png\n").repeated(500);
+    QTest::newRow("libraries in turn")
+        << image << image + QByteArray("mtllib other.mtl\nmtllib seeds.mtl\n").repeated(10);
+    QByteArray const warning = image + "Kd x 1 1\n";
+    QTest::newRow("a library that is read again for its warning")
+        << warning << warning + QByteArray("mtllib seeds.mtl\n").repeated(20);
+    QByteArray const cut = "newmtl a\nmap_Kd cut.png\n";
+    QTest::newRow("an image that cannot be decoded")
+        << cut << cut + QByteArray("mtllib seeds.mtl\n").repeated(20);
 }
 
-// A thousand lines allocate less than one more image, and hold no more than one.
+// Many lines allocate less than one more image, and hold no more than one.
 void tst_HostileBounds::decodesAnImageOnce()
 {
     QFETCH(QByteArray, one);
-    QFETCH(QByteArray, thousand);
+    QFETCH(QByteArray, many);
     QByteArray const start = "mtllib seeds.mtl\nv 0 0 0\nvt 0 0\nusemtl a\nf 1/1 1/1 1/1\n";
     constexpr std::size_t imageBytes = std::size_t(4) * hostile::largeImageSide * hostile::largeImageSide;
     Subject const subject = hostile::objWithLibrary();
     hostile::Messages const messages;
     std::size_t total = 0;
-    for (QByteArray const& library : {one, thousand}) {
+    for (QByteArray const& library : {one, many}) {
         hostile::allocations::Watch const watch;
         Outcome const outcome = hostile::read(subject, start + library);
         QVERIFY2(outcome.fault.isEmpty(), qPrintable(outcome.fault));

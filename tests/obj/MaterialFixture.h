@@ -28,7 +28,7 @@ template struct PrivateMember<FileNames, &OBJReader::reconstructMTLFileNames>;
 
 struct HandleMTL
 {
-    using Member = OBJReader::Error (OBJReader::*)(QString const&, bool*);
+    using Member = OBJReader::Error (OBJReader::*)(QString const&);
     friend Member privateMember(HandleMTL);
 };
 template struct PrivateMember<HandleMTL, &OBJReader::handleMTL>;
@@ -113,7 +113,7 @@ struct Fixture
 
     OBJReader::Error handleMTL(QString const& name)
     {
-        return (reader.*privateMember(support::HandleMTL()))(name, nullptr);
+        return (reader.*privateMember(support::HandleMTL()))(name);
     }
 
     /// The result of reading a library of this content.

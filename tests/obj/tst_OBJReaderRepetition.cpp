@@ -19,6 +19,8 @@ private Q_SLOTS:
     void repeatedLibraryIsKept();
     void repeatedLibraryWarnsAgain();
     void libraryNamedAgainAfterAnother();
+    void texturesAreSharedByLibraries();
+    void badTextureWarnsAgain();
 };
 
 void tst_OBJReaderRepetition::namesThatNoFileCanHave_data()
@@ -153,6 +155,45 @@ void tst_OBJReaderRepetition::libraryNamedAgainAfterAnother()
         QCOMPARE(f.materials().size(), 1u);
         QVERIFY(f.materials().contains(last));
     }
+}
+
+void tst_OBJReaderRepetition::texturesAreSharedByLibraries()
+{
+    // Each library clears the table, the texture is the right one all the same.
+    Fixture f;
+    f.folder.writeImage(u"t.png"_s, support::plainImage(2, 2, Qt::blue));
+    f.folder.writeImage(u"u.png"_s, support::plainImage(3, 3, Qt::blue));
+    f.folder.write(u"a.mtl"_s, "newmtl a\nmap_Kd t.png\n");
+    f.folder.write(u"b.mtl"_s, "newmtl a\nmap_Kd u.png\nmap_Kd ./t.png\n");
+    f.folder.write(u"c.mtl"_s, "newmtl a\nmap_Kd u.png\n");
+    f.reader.setTextureSupport(SurfaceReader::TextureRequired);
+    for (auto const& [libraries, side] : std::initializer_list<std::pair<char const*, int>>{
+             {"mtllib a.mtl\nmtllib b.mtl\n", 2},
+             {"mtllib a.mtl\nmtllib c.mtl\nmtllib b.mtl\nmtllib c.mtl\n", 3},
+             {"mtllib c.mtl\nmtllib b.mtl\nmtllib c.mtl\nmtllib a.mtl\n", 2}}) {
+        QCOMPARE(f.reader.read(QByteArray(libraries) + "usemtl a\n" + surface, running), OBJReader::NoError);
+        QCOMPARE(f.reader.getTexture().size(), QSize(side, side));
+    }
+}
+
+void tst_OBJReaderRepetition::badTextureWarnsAgain()
+{
+    Fixture f;
+    f.folder.writeImage(u"whole.png"_s, support::placeImage(64, 64));
+    QFile whole(f.folder.path(u"whole.png"_s));
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    f.folder.write(u"cut.png"_s, whole.readAll().chopped(40));
+    f.folder.write(u"text.png"_s, "no image");
+    f.folder.write(u"cut.mtl"_s, "newmtl a\nmap_Kd cut.png\n");
+    f.folder.write(u"text.mtl"_s, "newmtl a\nmap_Kd text.png\n");
+    for (int i = 0; i < 2; ++i) {
+        expect(warning("OBJReader::loadTexture", u"Unable to read image data"_s));
+        expect(warning("OBJReader::loadTexture", "Could not read texture file at ",
+                       f.folder.path(u"text.png"_s)));
+    }
+    QCOMPARE(f.reader.read("mtllib cut.mtl\nmtllib text.mtl\nmtllib cut.mtl\nmtllib text.mtl\n" + surface,
+                           running),
+             OBJReader::NoError);
 }
 
 QTEST_APPLESS_MAIN(tst_OBJReaderRepetition)
