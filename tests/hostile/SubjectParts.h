@@ -12,8 +12,8 @@ Subject plyFor();
 Subject objFor(SurfaceReader::TextureSupport policy, QString const& path);
 
 /// An OBJ file that is its own library: it names itself as "seeds.mtl". Beside it lie the images "a.png" and
-/// "b.png", of a few pixels, "large.png", of `largeImageSide` squared, "cut.png", which is the same without its
-/// end, and the library "other.mtl", which names "large.png".
+/// "b.png", of a few pixels, "large.png", of `largeImageSide` squared, "cut.png", which is the same without
+/// its end, and the library "other.mtl", which names "large.png".
 Subject objWithLibrary();
 constexpr int largeImageSide = 1024;
 
