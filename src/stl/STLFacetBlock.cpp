@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace stl {
@@ -27,7 +29,11 @@ struct Normals
 void putPoint(QVector3D const& point, char* target)
 {
     static_assert(sizeof(QVector3D) == normalBytes);
-    qToLittleEndian<float>(&point, 3, target);
+    // qToLittleEndian() would first look whether the two places are the same.
+    if constexpr (std::endian::native == std::endian::little)
+        std::memcpy(target, &point, sizeof(point));
+    else
+        qToLittleEndian<float>(&point, 3, target);
 }
 
 void putCorners(QVector3D const& p1, QVector3D const& p2, QVector3D const& p3, Attributes attributes,
@@ -41,6 +47,12 @@ void putCorners(QVector3D const& p1, QVector3D const& p2, QVector3D const& p3, A
     target[vertexBlockBytes + 1] = static_cast<char>(attributes.second);
 }
 
+// The same for every value as qFuzzyIsNull, which takes several instructions to drop a sign.
+bool isFuzzyNull(float value)
+{
+    return std::fabs(value) <= 0.00001f;
+}
+
 // As QVector3D::normalized does it, with its measure of length and its idea of what is as good as 0 or 1.
 void normalize(Normals& normals)
 {
@@ -49,19 +61,19 @@ void normalize(Normals& normals)
         lengths[i] = std::hypot(normals.x[i], normals.y[i], normals.z[i]);
     Values divisors;
     for (std::size_t i = 0; i < facetsAtOnce; ++i)
-        divisors[i] = qFuzzyIsNull(lengths[i] - 1.0f) ? 1.0f : lengths[i];
+        divisors[i] = isFuzzyNull(lengths[i] - 1.0f) ? 1.0f : lengths[i];
     for (Values* const values : {&normals.x, &normals.y, &normals.z}) {
         for (std::size_t i = 0; i < facetsAtOnce; ++i)
             (*values)[i] /= divisors[i];
         for (std::size_t i = 0; i < facetsAtOnce; ++i)
-            (*values)[i] = qFuzzyIsNull(lengths[i]) ? 0.0f : (*values)[i];
+            (*values)[i] = isFuzzyNull(lengths[i]) ? 0.0f : (*values)[i];
     }
 }
 
+// `normals` is overwritten; what it had before does not matter.
 void putFewFacets(std::span<int const> indices, QVector3D const* vertices, Attributes attributes,
-                  char* const target)
+                  char* const target, Normals& normals)
 {
-    Normals normals;
     std::size_t const count = indices.size() / indicesPerTriangle;
     int const* face = indices.data();
     char* facet = target;
@@ -79,10 +91,12 @@ void putFewFacets(std::span<int const> indices, QVector3D const* vertices, Attri
     face = indices.data();
     facet = target;
     for (std::size_t i = 0; i < count; ++i, face += indicesPerTriangle, facet += facetBytes) {
+        qToLittleEndian(normals.x[i], facet);
+        qToLittleEndian(normals.y[i], facet + sizeof(float));
+        qToLittleEndian(normals.z[i], facet + 2 * sizeof(float));
         bool const isFinite = normals.lengths[i] <= std::numeric_limits<float>::max();
-        putPoint(isFinite ? QVector3D(normals.x[i], normals.y[i], normals.z[i])
-                          : facetNormal(vertices[face[0]], vertices[face[1]], vertices[face[2]]),
-                 facet);
+        if (!isFinite) [[unlikely]]
+            putPoint(facetNormal(vertices[face[0]], vertices[face[1]], vertices[face[2]]), facet);
     }
 }
 
@@ -116,9 +130,10 @@ bool areFaces(std::span<int const> indices, qsizetype vertexCount)
 void putFacets(std::span<int const> indices, QVector3D const* vertices, Attributes attributes, char* target)
 {
     constexpr std::size_t indicesAtOnce = facetsAtOnce * indicesPerTriangle;
+    Normals normals;
     while (!indices.empty()) {
         auto const few = indices.first(std::min(indices.size(), indicesAtOnce));
-        putFewFacets(few, vertices, attributes, target);
+        putFewFacets(few, vertices, attributes, target, normals);
         indices = indices.subspan(few.size());
         target += few.size() / indicesPerTriangle * facetBytes;
     }
