@@ -177,6 +177,31 @@ void addMetadata(Corpus& corpus)
     corpus.add(u"ScanMetadata"_s, u"solid.bin"_s, text("solid") + text("solid") + text("solid") + bytes({1}));
 }
 
+// Which mesher, then its text.
+void addMeshers(Corpus& corpus)
+{
+    QByteArray const gmsh = bytes({0});
+    QByteArray const nodes =
+        "$MeshFormat\n2.2 0 8\n$EndMeshFormat\n$Nodes\n5\n10 0 0 0\n7 1 0 0\n8 0 1 0\n99 0 0 1\n"
+        "3 5 5 5\n$EndNodes\n";
+    corpus.add(u"Meshers"_s, u"gmsh.bin"_s,
+               gmsh + nodes +
+                   "$PhysicalNames\n1\n3 1 \"bone\"\n$EndPhysicalNames\n$Elements\n3\n1 4 2 1 1 10 7 8 99\n"
+                   "2 2 2 1 1 10 7 8\n3 11 1 1 10 7 8 99 3 3 3 3 3 3\n$EndElements\n");
+    corpus.add(u"Meshers"_s, u"gmsh-claims.bin"_s, gmsh + nodes + "$Elements\n9223372036854775807\n");
+    QByteArray const vtk = bytes({1});
+    QByteArray const points = "# vtk DataFile Version 2.0\ntitle\nASCII\nDATASET UNSTRUCTURED_GRID\n"
+                              "POINTS 5 float\n0 0 0 1 0 0\n0 1 0\n0 0 1 5 5 5\n";
+    QByteArray const types = "CELL_TYPES 2\n5\n10\n";
+    corpus.add(u"Meshers"_s, u"vtk-2.bin"_s, vtk + points + "CELLS 2 9\n3 0 1 2\n4 0 1 2 3\n" + types);
+    corpus.add(u"Meshers"_s, u"vtk-5.bin"_s,
+               vtk + points +
+                   "METADATA\nINFORMATION 0\n\nCELLS 3 7\nOFFSETS vtktypeint64\n0 3 7\n"
+                   "CONNECTIVITY vtktypeint64\n0 1 2\n0 1 2 3\n" +
+                   types + "POINT_DATA 5\nSCALARS a float 1\n");
+    corpus.add(u"Meshers"_s, u"vtk-claims.bin"_s, vtk + points + "CELLS 2147483647 2147483647\n4 0 1 2 3\n");
+}
+
 void addMeshArrays(Corpus& corpus)
 {
     PLYBody record(true);
@@ -207,6 +232,7 @@ int main(int argc, char** argv)
     addVolumes(corpus);
     addNumbers(corpus);
     addMetadata(corpus);
+    addMeshers(corpus);
     addMeshArrays(corpus);
     QTextStream(stderr) << (corpus.isComplete() ? "done\n" : "could not write every seed\n");
     return corpus.isComplete() ? 0 : 1;
