@@ -8,10 +8,10 @@ namespace vmesh {
 namespace {
 
 // A product carries low bits upwards, the shift brings them down again: neighbouring points end far apart.
-quint64 hashOf(Face const& face)
+quint64 hashOf(Face const& face, std::size_t seed)
 {
     constexpr quint64 goldenRatio = 0x9e3779b97f4a7c15ULL; // of 2^64
-    quint64 hash = 0;
+    quint64 hash = seed;
     for (qint32 const point : face) {
         hash = (hash ^ static_cast<quint32>(point)) * goldenRatio;
         hash ^= hash >> 32;
@@ -23,8 +23,9 @@ constexpr std::size_t leastSlots = 16;
 
 } // namespace
 
-FaceIndex::FaceIndex(std::size_t expectedFaces)
-    : table(std::bit_ceil(std::max(leastSlots, 2 * expectedFaces)), none)
+FaceIndex::FaceIndex(std::size_t expectedFaces, std::size_t seed_)
+    : seed(seed_)
+    , table(std::bit_ceil(std::max(leastSlots, 2 * expectedFaces)), none)
 {
     faces.reserve(expectedFaces);
 }
@@ -33,7 +34,7 @@ FaceIndex::FaceIndex(std::size_t expectedFaces)
 std::size_t FaceIndex::slotOf(Face const& face) const
 {
     std::size_t const mask = table.size() - 1;
-    std::size_t slot = static_cast<std::size_t>(hashOf(face)) & mask;
+    std::size_t slot = static_cast<std::size_t>(hashOf(face, seed)) & mask;
     while (table[slot] != none && faces[table[slot]] != face)
         slot = (slot + 1) & mask;
     return slot;

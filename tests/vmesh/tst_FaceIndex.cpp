@@ -26,12 +26,21 @@ private Q_SLOTS:
         QCOMPARE(index.size(), std::size_t(3));
     }
 
+    void agreesWithAMap_data()
+    {
+        QTest::addColumn<quint64>("seed");
+        QTest::newRow("no seed") << quint64(0);
+        QTest::newRow("all bits") << ~quint64(0);
+        QTest::newRow("of this process") << quint64(QHashSeed::globalSeed());
+    }
+
     // A table that starts with a few slots grows through a great many collisions.
     void agreesWithAMap()
     {
+        QFETCH(quint64, seed);
         std::mt19937 random(7);
         std::map<Face, FaceIndex::Number> expected;
-        FaceIndex index(1);
+        FaceIndex index(1, static_cast<std::size_t>(seed));
         auto const point = [&] { return static_cast<qint32>(random() % 40) - 1; };
         for (int i = 0; i < 20000; ++i) {
             Face const face = {point(), point(), point()};
