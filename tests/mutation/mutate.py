@@ -63,7 +63,7 @@ class Suite:
         self.seconds = seconds
         self.build = tree / "build" / preset
         self.jobs = str(jobs)
-        run("cmake", "-S", str(tree), "--preset", preset, "-DSURFACEIO_TEST_TIMEOUT=1500",
+        run("cmake", "-S", str(tree), "--preset", preset, "-DSURFACEIO_TEST_TIMEOUT=400",
             f"-DSURFACEIO_CORPUS={os.environ.get('SURFACEIO_CORPUS', ROOT.parent / 'shared' / 'corpus')}",
             "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON", check=True)
 
