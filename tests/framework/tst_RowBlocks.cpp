@@ -26,23 +26,16 @@ protected:
     }
 };
 
-// Fills the room with rows of `rowBytes` again and again, until `count` are there.
+// Puts `count` rows of `rowBytes`, no two alike, and appends them to `expected`.
 bool writeRows(RowBlocks& blocks, qsizetype rowBytes, qsizetype count, QByteArray& expected)
 {
-    for (qsizetype first = 0; first < count;) {
-        std::span<char> const room = blocks.room();
-        qsizetype const rows = std::min(count - first, static_cast<qsizetype>(room.size()) / rowBytes);
-        if (rows == 0)
-            return false;
-        for (qsizetype i = 0; i < rows * rowBytes; ++i) {
-            room[static_cast<std::size_t>(i)] = static_cast<char>((first * rowBytes + i) * 31 >> 3);
-            expected += room[static_cast<std::size_t>(i)];
-        }
-        first += rows;
-        if (!blocks.take(rows * rowBytes))
-            return false;
-    }
-    return true;
+    return blocks.putRows(count, rowBytes, [&](qsizetype first, qsizetype rows, char* target) {
+        if (rows < 1 || first + rows > count)
+            qFatal("rows %lld to %lld of %lld", qint64(first), qint64(first + rows), qint64(count));
+        for (qsizetype i = 0; i < rows * rowBytes; ++i)
+            target[i] = static_cast<char>((first * rowBytes + i) * 31 >> 3);
+        expected.append(target, rows * rowBytes);
+    });
 }
 
 } // namespace
