@@ -41,6 +41,8 @@ class tst_ByteLines : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void longestLine() { QCOMPARE(text::longestLine, 4194304); }
+
     void cutsLinesAsATextStreamDoes_data()
     {
         QTest::addColumn<QByteArray>("bytes");

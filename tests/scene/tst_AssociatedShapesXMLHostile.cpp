@@ -103,6 +103,9 @@ void tst_AssociatedShapesXMLHostile::refuses_data()
                    QByteArray("</shape>").repeated(400));
     QTest::newRow("100 000 attributes that take a hundred times their bytes")
         << wrapped(QByteArray("<x y=''/>").repeated(100'000));
+    for (char const* const cut : {"<", "<root", "<root a=", "<root a='", "<root a='b'", "<root><!--",
+                                  "<!DOCTYPE", "<!DOCTYPE root [", "<root><![CDATA[", "<?xml", "<root>&e"})
+        QTest::addRow("cut: %s", cut) << QByteArray(cut);
     QTest::newRow("an unknown encoding") << "<?xml version='1.0' encoding='x-unheard-of'?>" + wrapped("");
 }
 
