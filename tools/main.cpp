@@ -54,6 +54,10 @@ void prepareProcess()
     occupyStandardStreams();
     // A reader that goes away is seen as a failed write.
     std::signal(SIGPIPE, SIG_IGN);
+#ifdef SIGXFSZ
+    // So is a file that may not grow further.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
 #endif
 }
 

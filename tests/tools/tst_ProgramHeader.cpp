@@ -50,6 +50,21 @@ private Q_SLOTS:
                {});
     }
 
+#ifdef Q_OS_UNIX
+    // A limit on file sizes stands for a full disk.
+    void fullDisk()
+    {
+        QByteArray const big = binaryStl(stlFacet(0).repeated(300));
+        write(u"s.stl"_s, big);
+        verify(support::runShell(u"ulimit -f 8; \"$SURFACEIO\" header set s.stl --imported yes"_s,
+                                 folder->path()),
+               1, {}, u"surfaceio: s.stl: could not be written: File too large\n"_s);
+        QCOMPARE(readFile(folder->filePath(u"s.stl"_s)), big);
+        QCOMPARE(QDir(folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList(u"s.stl"_s));
+    }
+#endif
+
     void getWhereThereIsNone()
     {
         write(u"s.stl"_s, binaryStl(stlFacet(0), "some header"));
@@ -182,7 +197,10 @@ private Q_SLOTS:
     }
 
 private:
-    static QByteArray facets() { return stlFacet(0, 3, 1) + stlFacet(5, 200, -1); }
+    static QByteArray facets()
+    {
+        return stlFacet(0, 3, 1) + stlFacet(5, 200, -1);
+    }
 
     static QByteArray withRecord()
     {
@@ -195,7 +213,10 @@ private:
         QVERIFY(support::writeFile(folder->filePath(name), bytes));
     }
 
-    QByteArray read(QString const& name) { return readFile(folder->filePath(name)); }
+    QByteArray read(QString const& name)
+    {
+        return readFile(folder->filePath(name));
+    }
 
     support::Outcome header(QStringList const& arguments)
     {

@@ -5,6 +5,7 @@
 #include "stl/STLReader.h"
 #include "stl/STLTagHandler.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -35,6 +36,28 @@ private Q_SLOTS:
         QVERIFY(bytes.startsWith("\xBE\xBE"
                                  "SurfaceIOsample     seed-1"));
     }
+
+#ifdef Q_OS_UNIX
+    // A limit on file sizes stands for a full disk.
+    void fullDisk_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::newRow("s.stl") << u"s.stl"_s;
+        QTest::newRow("s.ply") << u"s.ply"_s;
+        QTest::newRow("s.obj") << u"s.png"_s;
+    }
+
+    void fullDisk()
+    {
+        QFETCH(QString, file);
+        QString const name = QString::fromLatin1(QTest::currentDataTag());
+        verify(support::runShell(u"ulimit -f 8; \"$SURFACEIO\" sample %1 --facets 1000"_s.arg(name),
+                                 folder->path()),
+               1, {}, u"surfaceio: (./)?%1: could not be written: File too large\n"_s.arg(file));
+        QCOMPARE(QDir(folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList());
+    }
+#endif
 
     void everyTagIsASurface()
     {

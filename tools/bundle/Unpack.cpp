@@ -80,8 +80,9 @@ QString writePly(QString const& path, geometry::Mesh const& mesh, geometry::Mate
     PLYWriter writer;
     writer.setFilePath(output.temporaryPath());
     writer.setData(mesh, true, material);
-    if (!writer.write()) // its message names the temporary file
-        return Text::tr("could not be written");
+    LogCapture const capture; // what is said names the temporary file
+    if (!writer.write())
+        return whyNotWritten(output.temporaryPath());
     return output.commit(-1);
 }
 

@@ -2,6 +2,7 @@
 
 #include "Text.h"
 #include "convert/Suffixes.h"
+#include "output/OutputFile.h"
 
 #include <array>
 
@@ -23,12 +24,12 @@ MetadataFormat const* metadataFormatFor(QString const& path)
     return rowFor(path, std::span<MetadataFormat const>(rows));
 }
 
-Problem copyRest(QIODevice& in, QIODevice& out)
+Problem copyRest(QIODevice& in, QFile& out)
 {
     constexpr qint64 chunk = 1 << 20;
     for (QByteArray bytes = in.read(chunk); !bytes.isEmpty(); bytes = in.read(chunk)) {
         if (out.write(bytes) != bytes.size())
-            return {ExitCode::ReadOrWriteFailed, Text::tr("could not be written: ") + out.errorString()};
+            return {ExitCode::ReadOrWriteFailed, whyNotWritten(out.fileName())};
     }
     return {};
 }

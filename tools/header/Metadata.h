@@ -3,7 +3,7 @@
 #include "Problem.h"
 #include "inhouse/data/MeshHeader.h"
 
-#include <QIODevice>
+#include <QFile>
 
 #include <optional>
 
@@ -19,19 +19,19 @@ struct MetadataFormat
     /// Reads the metadata of the file in `in`, or finds that it has none.
     Problem (*read)(QIODevice& in, Metadata& metadata);
     /// Copies the file in `in` to `out` with other metadata, or with none; every other byte stays.
-    Problem (*write)(QIODevice& in, Metadata const& metadata, QIODevice& out);
+    Problem (*write)(QIODevice& in, Metadata const& metadata, QFile& out);
 };
 
 /// The row for the suffix of `path`, or null.
 MetadataFormat const* metadataFormatFor(QString const& path);
 
 /// Copies from where `in` stands to its end.
-Problem copyRest(QIODevice& in, QIODevice& out);
+Problem copyRest(QIODevice& in, QFile& out);
 
 // The rows.
 Problem readStlMetadata(QIODevice& in, Metadata& metadata);
-Problem writeStlMetadata(QIODevice& in, Metadata const& metadata, QIODevice& out);
+Problem writeStlMetadata(QIODevice& in, Metadata const& metadata, QFile& out);
 Problem readPlyMetadata(QIODevice& in, Metadata& metadata);
-Problem writePlyMetadata(QIODevice& in, Metadata const& metadata, QIODevice& out);
+Problem writePlyMetadata(QIODevice& in, Metadata const& metadata, QFile& out);
 
 } // namespace tool

@@ -1,5 +1,6 @@
 #include "Text.h"
 #include "header/Metadata.h"
+#include "output/OutputFile.h"
 
 #include <QList>
 
@@ -124,14 +125,14 @@ Problem readPlyMetadata(QIODevice& in, Metadata& metadata)
     return {};
 }
 
-Problem writePlyMetadata(QIODevice& in, Metadata const& metadata, QIODevice& out)
+Problem writePlyMetadata(QIODevice& in, Metadata const& metadata, QFile& out)
 {
     QList<QByteArray> const header = readHeader(in);
     if (header.isEmpty())
         return noHeader();
     QByteArray const text = withMetadata(header, metadata);
     if (out.write(text) != text.size())
-        return {ExitCode::ReadOrWriteFailed, Text::tr("could not be written: ") + out.errorString()};
+        return {ExitCode::ReadOrWriteFailed, whyNotWritten(out.fileName())};
     return copyRest(in, out);
 }
 

@@ -4,6 +4,7 @@
 #include "inspect/MetadataRecord.h"
 #include "inspect/StlBinary.h"
 #include "inspect/StlText.h"
+#include "output/OutputFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -35,7 +36,7 @@ Problem readStlMetadata(QIODevice& in, Metadata& metadata)
     return problem;
 }
 
-Problem writeStlMetadata(QIODevice& in, Metadata const& metadata, QIODevice& out)
+Problem writeStlMetadata(QIODevice& in, Metadata const& metadata, QFile& out)
 {
     QByteArray header;
     if (Problem problem = readHeader(in, header))
@@ -43,7 +44,7 @@ Problem writeStlMetadata(QIODevice& in, Metadata const& metadata, QIODevice& out
     QByteArray const record =
         metadata ? conversions::toByteArray(*metadata) : QByteArray(qsizetype(stl::headerBytes), '\0');
     if (out.write(record) != record.size())
-        return {ExitCode::ReadOrWriteFailed, Text::tr("could not be written: ") + out.errorString()};
+        return {ExitCode::ReadOrWriteFailed, whyNotWritten(out.fileName())};
     return copyRest(in, out);
 }
 

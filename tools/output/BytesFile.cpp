@@ -1,5 +1,7 @@
 #include "output/BytesFile.h"
 
+#include "Text.h"
+
 #include <QFile>
 
 namespace tool {
@@ -18,8 +20,10 @@ QString BytesFile::write(QByteArray const& content)
 {
     bytes = content.size();
     QFile file(output.temporaryPath());
-    bool const isWritten = file.open(QIODevice::WriteOnly) && file.write(content) == bytes && file.flush();
-    return isWritten ? QString() : file.errorString();
+    if (!file.open(QIODevice::WriteOnly))
+        return Text::tr("cannot be written: ") + file.errorString();
+    bool const isWritten = file.write(content) == bytes && file.flush();
+    return isWritten ? QString() : whyNotWritten(file.fileName());
 }
 
 QString BytesFile::check() const

@@ -1,5 +1,6 @@
 #include "output/OutputFile.h"
 
+#include "FileName.h"
 #include "Text.h"
 
 #include <QFile>
@@ -41,6 +42,9 @@ QString sizeProblem(QString const& path, qint64 expectedBytes)
     qint64 const size = file.isFile() ? file.size() : 0;
     if (expectedBytes < 0 ? size > 0 : size == expectedBytes)
         return {};
+    if (QString const reason = size < expectedBytes || size == 0 ? whyNoMore(path) : QString();
+        !reason.isEmpty())
+        return Text::tr("could not be written: ") + reason;
     if (expectedBytes < 0)
         return Text::tr("nothing was written; is the disk full?");
     return Text::tr("expected to write %1 bytes, found %2 in the file; is the disk full?")
@@ -59,6 +63,24 @@ QString replace(QString const& from, QString const& to)
 
 } // namespace
 
+QString whyNoMore(QString const& path)
+{
+    constexpr qint64 block = 1 << 16;
+    constexpr qint64 enough = 1 << 20; // what was cut off may have ended within a block of the disk
+    QFile file(path);
+    bool takesMore = file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
+    QByteArray const zeros(block, '\0');
+    for (qint64 written = 0; takesMore && written < enough; written += block)
+        takesMore = file.write(zeros) > 0;
+    return takesMore ? QString() : file.errorString();
+}
+
+QString whyNotWritten(QString const& path)
+{
+    QString const reason = whyNoMore(path);
+    return reason.isEmpty() ? Text::tr("could not be written") : Text::tr("could not be written: ") + reason;
+}
+
 OutputFile::OutputFile(QString const& target_)
     : target(target_)
 {
@@ -70,6 +92,8 @@ OutputFile::OutputFile(QString const& target_)
 
 QString OutputFile::targetProblem(bool mayReplace_) const
 {
+    if (QString problem = whyNoFileName(target); !problem.isEmpty())
+        return problem;
     QFileInfo const file(target);
     if (file.isSymLink() && !file.exists())
         return Text::tr("is a link to a file that does not exist");

@@ -9,6 +9,12 @@
 
 namespace tool {
 
+/// What the system says when more is written to the end of a file that is lost anyway; empty when it takes
+/// more. Neither Qt nor the library keep a reason when only some of the bytes were taken.
+QString whyNoMore(QString const& path);
+/// The same as a sentence, "could not be written: No space left on device".
+QString whyNotWritten(QString const& path);
+
 /// A file that appears whole or not at all.
 ///
 /// Whatever writes it gets a path of the same suffix in a hidden temporary folder beside the target. Only

@@ -60,10 +60,9 @@ Problem FacetFile::finish()
                 Text::counted("%n facet(s) (is|are) more than an STL file can count", nullptr, facetCount)};
     bool const isWritten =
         !hasFailed && file.seek(stl::headerBytes) && file.write(countBytes(facetCount)) == 4 && file.flush();
-    QString const reason = file.errorString();
     file.close();
     return isWritten ? Problem()
-                     : Problem{ExitCode::ReadOrWriteFailed, Text::tr("could not be written: ") + reason};
+                     : Problem{ExitCode::ReadOrWriteFailed, whyNotWritten(output.temporaryPath())};
 }
 
 Problem FacetFile::check() const

@@ -63,7 +63,7 @@ Problem replace(QString const& path, Metadata const& metadata)
         return problem;
     qint64 const written = out.pos();
     if (!out.flush())
-        return {ExitCode::ReadOrWriteFailed, Text::tr("could not be written: ") + out.errorString()};
+        return {ExitCode::ReadOrWriteFailed, whyNotWritten(out.fileName())};
     out.close();
     if (QString const problem = output.commit(written); !problem.isEmpty())
         return {ExitCode::ReadOrWriteFailed, problem};

@@ -52,11 +52,11 @@ QString writeStl(QString const& path, sample::DentalArch const& arch, Options co
         return problem;
     QFile file(output.temporaryPath());
     if (!file.open(QIODevice::WriteOnly))
-        return file.errorString();
+        return Text::tr("cannot be written: ") + file.errorString();
     bool const isWritten =
         writeTaggedStl(file, arch, conversions::toByteArray(metadata(options))) && file.flush();
     if (!isWritten)
-        return file.errorString();
+        return whyNotWritten(output.temporaryPath());
     file.close();
     return output.commit(sample::taggedStlBytes(options.facets));
 }

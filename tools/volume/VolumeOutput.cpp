@@ -60,11 +60,15 @@ Problem writeVolumeFile(OutputFile& output, MTModelVMesh& mesh, VolumeFile& writ
     if (!deriveFaceRows(mesh))
         return failed(Text::tr("there is not enough memory for its face rows"));
     if (!MTModelVMeshWriter(mesh).write(output.temporaryPath()))
-        return failed(Text::tr("could not be written"));
+        return failed(whyNotWritten(output.temporaryPath()));
     // The writer does not notice a full disk.
     written = readVolumeFile(output.temporaryPath());
-    if (!written.problem.isEmpty() || !isSame(mesh, written.mesh))
+    if (!written.problem.isEmpty() || !isSame(mesh, written.mesh)) {
+        QString const reason = whyNoMore(output.temporaryPath());
+        if (!reason.isEmpty())
+            return failed(Text::tr("could not be written: ") + reason);
         return failed(Text::tr("what was written is not what was to be written; is the disk full?"));
+    }
     constexpr qint64 anySize = -1;
     return failed(output.commit(anySize));
 }
