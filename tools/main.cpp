@@ -141,14 +141,31 @@ std::vector<std::string> reversedArguments()
     return arguments;
 }
 
+// CLI11 says only that a verb is missing.
+QString unknownVerb(CLI::App const& parent)
+{
+    std::vector<std::string> const words = parent.remaining();
+    QStringList names;
+    for (CLI::App const* const verb : parent.get_subcommands([](CLI::App const*) { return true; })) {
+        if (!verb->get_group().empty())
+            names << QString::fromStdString(verb->get_name());
+    }
+    bool const isUnknown = parent.get_subcommands().empty() && !names.isEmpty() && !words.empty();
+    return isUnknown ? Text::tr("expected one of %1, found \"%2\"")
+                           .arg(names.join(QStringLiteral(", ")), QString::fromStdString(words.front()))
+                     : QString();
+}
+
 ExitCode usageError(CLI::App const& program, CLI::ParseError const& error, Console& console)
 {
     QString command = QStringLiteral("surfaceio");
-    for (CLI::App const* app = &program; !app->get_subcommands().empty();) {
+    CLI::App const* app = &program;
+    while (!app->get_subcommands().empty()) {
         app = app->get_subcommands().front();
         command += u' ' + QString::fromStdString(app->get_name());
     }
-    console.failure(usageSentence(QString::fromStdString(error.what())));
+    QString const unknown = unknownVerb(*app);
+    console.failure(unknown.isEmpty() ? usageSentence(QString::fromStdString(error.what())) : unknown);
     console.failure(Text::tr("see \"%1 --help\"").arg(command));
     return ExitCode::Usage;
 }

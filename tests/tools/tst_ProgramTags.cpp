@@ -139,6 +139,12 @@ private Q_SLOTS:
             "bytes\n");
         row("tiny", {u"split"_s, u"tiny.stl"_s}, 3,
             "surfaceio: tiny.stl: expected a binary STL .*found 3 bytes\n");
+        row("PLY", {u"list"_s, u"a.ply"_s}, 4, "surfaceio: a.ply: is PLY; tags are in binary STL\n");
+        row("OBJ", {u"split"_s, u"a.obj"_s}, 4, "surfaceio: a.obj: is OBJ; tags are in binary STL\n");
+        row("pattern with an unknown word", {u"split"_s, u"s.stl"_s, u"--pattern"_s, u"{tag}-{subtag}.stl"_s},
+            2,
+            "surfaceio: \\{tag\\}-\\{subtag\\}.stl: expected \\{name\\}, \\{tag\\} or \\{subTag\\}, found "
+            "\\{subtag\\}\n");
         row("pattern without suffix", {u"split"_s, u"s.stl"_s, u"--pattern"_s, u"{tag}"_s}, 2,
             "surfaceio: \\{tag\\}: expected a file name that ends with .stl\n");
         row("pattern with a folder", {u"split"_s, u"s.stl"_s, u"--pattern"_s, u"../{tag}.stl"_s}, 2,
@@ -162,10 +168,37 @@ private Q_SLOTS:
         write(u"ascii.stl"_s, "solid x\nendsolid\n");
         write(u"short.stl"_s, binaryStl(stlFacet(0)).chopped(1));
         write(u"tiny.stl"_s, "abc");
+        write(u"a.ply"_s, "ply\nformat binary_little_endian 1.0\nend_header\n");
+        write(u"a.obj"_s, "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
         QStringList const before = everything();
         verify(tags(arguments), exitCode, {}, errorPattern);
         QCOMPARE(everything(), before);
     }
+
+#ifdef Q_OS_UNIX
+    // A limit on file sizes stands for a full disk.
+    void fullDisk_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("relabel big.stl *=1 -o s.stl --force") << u"s.stl"_s;
+        QTest::newRow("merge big.stl -o s.stl --force") << u"s.stl"_s;
+        QTest::newRow("split big.stl --pattern s.stl --force") << u"./s.stl"_s;
+    }
+
+    void fullDisk()
+    {
+        QFETCH(QString, path);
+        write(u"big.stl"_s, binaryStl(stlFacet(0, 3).repeated(300)));
+        QByteArray const before = read(u"s.stl"_s);
+        QStringList const names = everything();
+        verify(support::runShell(u"set -f; ulimit -f 8; \"$SURFACEIO\" tags %1"_s.arg(
+                                     QString::fromLatin1(QTest::currentDataTag())),
+                                 folder->path()),
+               1, {}, u"surfaceio: %1: could not be written: File too large\n"_s.arg(path));
+        QCOMPARE(read(u"s.stl"_s), before);
+        QCOMPARE(everything(), names);
+    }
+#endif
 
     void rule_data()
     {
@@ -196,7 +229,10 @@ private:
         QVERIFY(support::writeFile(folder->filePath(name), bytes));
     }
 
-    QByteArray read(QString const& name) { return readFile(folder->filePath(name)); }
+    QByteArray read(QString const& name)
+    {
+        return readFile(folder->filePath(name));
+    }
 
     QStringList everything()
     {

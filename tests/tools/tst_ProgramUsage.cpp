@@ -29,8 +29,13 @@ private Q_SLOTS:
                                  << "surfaceio: A subcommand is required\nsurfaceio: see "
                                     "\"surfaceio --help\"\n";
         QTest::newRow("unknown verb") << QStringList(u"frobnicate"_s)
-                                      << "surfaceio: .*\nsurfaceio: see "
+                                      << "surfaceio: expected one of info, check, convert, .*, "
+                                         "completion, found \"frobnicate\"\nsurfaceio: see "
                                          "\"surfaceio --help\"\n";
+        QTest::newRow("unknown verb of a verb")
+            << QStringList{u"header"_s, u"frob"_s}
+            << "surfaceio: expected one of get, set, clear, found \"frob\"\nsurfaceio: see "
+               "\"surfaceio header --help\"\n";
         QTest::newRow("no file") << QStringList(u"info"_s)
                                  << "surfaceio: FILE is required\nsurfaceio: see \"surfaceio info --help\"\n";
         QTest::newRow("unknown option") << QStringList{u"info"_s, u"--shiny"_s, u"one.stl"_s}

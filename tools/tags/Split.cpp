@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <map>
 #include <memory>
@@ -85,9 +86,15 @@ ExitCode writeAll(Parts const& parts, TaggedFile const& source, SplitOptions con
 
 Problem patternProblem(QString const& pattern)
 {
-    if (pattern.endsWith(".stl"_L1, Qt::CaseInsensitive) && !pattern.contains(u'/'))
-        return {};
-    return {ExitCode::Usage, Text::tr("expected a file name that ends with .stl")};
+    if (!pattern.endsWith(".stl"_L1, Qt::CaseInsensitive) || pattern.contains(u'/'))
+        return {ExitCode::Usage, Text::tr("expected a file name that ends with .stl")};
+    static QRegularExpression const place(u"\\{[^{}]*\\}"_s);
+    for (auto match = place.globalMatch(pattern); match.hasNext();) {
+        QString const word = match.next().captured();
+        if (word != "{name}"_L1 && word != "{tag}"_L1 && word != "{subTag}"_L1)
+            return {ExitCode::Usage, Text::tr("expected {name}, {tag} or {subTag}, found %1").arg(word)};
+    }
+    return {};
 }
 
 } // namespace

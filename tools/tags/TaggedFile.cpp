@@ -1,7 +1,7 @@
 #include "tags/TaggedFile.h"
 
 #include "Text.h"
-#include "inspect/Format.h"
+#include "inspect/Formats.h"
 #include "inspect/StlText.h"
 
 using namespace Qt::StringLiterals;
@@ -52,6 +52,11 @@ Problem TaggedFile::open(QString const& path)
     file.setFileName(path);
     if (!file.open(QIODevice::ReadOnly))
         return {ExitCode::ReadOrWriteFailed, Text::tr("cannot be opened: ") + file.errorString()};
+    Inspection ignored;
+    std::optional<RecognisedFile> const known = recogniseFile(path, ignored);
+    if (known && known->format->name != stlFormat.name)
+        return {ExitCode::Unsupported,
+                Text::tr("is %1; tags are in binary STL").arg(Text::shown(known->format->title))};
     QByteArray const head = file.peek(Source::headBytes);
     facetCount = stl::claimedFacets(head);
     if (stl::isReadAsText(head))
