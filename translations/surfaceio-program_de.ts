@@ -222,10 +222,6 @@
         <translation>eine gewöhnliche Datei angeben; was eine Pipe bringt, zuerst in einer Datei speichern</translation>
     </message>
     <message>
-        <source>check who may read the file</source>
-        <translation>prüfen, wer die Datei lesen darf</translation>
-    </message>
-    <message>
         <source>&quot;surfaceio formats&quot; lists what can be read; export as one of these</source>
         <translation>„surfaceio formats“ nennt, was gelesen werden kann; in eines davon exportieren</translation>
     </message>
@@ -2748,6 +2744,46 @@
     <message>
         <source>Version of the program that made the scan</source>
         <translation>Version des Programms, das den Scan gemacht hat</translation>
+    </message>
+    <message>
+        <source>the name is not UTF-8, and nothing can be opened by it</source>
+        <translation>der Name ist kein UTF-8, und unter ihm kann nichts geöffnet werden</translation>
+    </message>
+    <message>
+        <source>check who may read it</source>
+        <translation>prüfen, wer es lesen darf</translation>
+    </message>
+    <message>
+        <source>give it a name in UTF-8</source>
+        <translation>einen Namen in UTF-8 geben</translation>
+    </message>
+    <message>
+        <source>vertices lose their colours: a file of the kind &quot;%1&quot; holds none</source>
+        <translation>die Eckpunkte verlieren ihre Farben: eine Datei der Art „%1“ enthält keine</translation>
+    </message>
+    <message>
+        <source>facets lose their tags</source>
+        <translation>die Facetten verlieren ihre Kennungen</translation>
+    </message>
+    <message>
+        <source>expected one of %1, found &quot;%2&quot;</source>
+        <translation>erwartet wurde eines von %1, gefunden „%2“</translation>
+    </message>
+    <message>
+        <source>expected {name}, {tag} or {subTag}, found %1</source>
+        <translation>erwartet wurde {name}, {tag} oder {subTag}, gefunden %1</translation>
+    </message>
+    <message>
+        <source>is %1; tags are in binary STL</source>
+        <translation>ist %1; Kennungen stehen in binärem STL</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read: </source>
+        <translation>der Ordner kann nicht gelesen werden: </translation>
+    </message>
+    <message>
+        <source>no file fits the pattern</source>
+        <translation>keine Datei passt zum Muster</translation>
     </message>
 </context>
 </TS>

@@ -224,10 +224,6 @@
         <translation>podaj zwykły plik; to, co przychodzi potokiem, najpierw zapisz w pliku</translation>
     </message>
     <message>
-        <source>check who may read the file</source>
-        <translation>sprawdź, kto może czytać plik</translation>
-    </message>
-    <message>
         <source>&quot;surfaceio formats&quot; lists what can be read; export as one of these</source>
         <translation>„surfaceio formats” wypisuje, co można odczytać; wyeksportuj do jednego z tych formatów</translation>
     </message>
@@ -2782,6 +2778,46 @@
     <message>
         <source>Version of the program that made the scan</source>
         <translation>Wersja programu, który wykonał skan</translation>
+    </message>
+    <message>
+        <source>the name is not UTF-8, and nothing can be opened by it</source>
+        <translation>nazwa nie jest w UTF-8 i nie można niczego pod nią otworzyć</translation>
+    </message>
+    <message>
+        <source>check who may read it</source>
+        <translation>sprawdź, kto może to czytać</translation>
+    </message>
+    <message>
+        <source>give it a name in UTF-8</source>
+        <translation>nadaj nazwę w UTF-8</translation>
+    </message>
+    <message>
+        <source>vertices lose their colours: a file of the kind &quot;%1&quot; holds none</source>
+        <translation>wierzchołki tracą kolory: plik rodzaju „%1” ich nie zawiera</translation>
+    </message>
+    <message>
+        <source>facets lose their tags</source>
+        <translation>ścianki tracą znaczniki</translation>
+    </message>
+    <message>
+        <source>expected one of %1, found &quot;%2&quot;</source>
+        <translation>oczekiwano jednego z %1, znaleziono „%2”</translation>
+    </message>
+    <message>
+        <source>expected {name}, {tag} or {subTag}, found %1</source>
+        <translation>oczekiwano {name}, {tag} lub {subTag}, znaleziono %1</translation>
+    </message>
+    <message>
+        <source>is %1; tags are in binary STL</source>
+        <translation>to %1; znaczniki są w binarnym STL</translation>
+    </message>
+    <message>
+        <source>the folder cannot be read: </source>
+        <translation>nie można odczytać katalogu: </translation>
+    </message>
+    <message>
+        <source>no file fits the pattern</source>
+        <translation>żaden plik nie pasuje do wzorca</translation>
     </message>
 </context>
 </TS>

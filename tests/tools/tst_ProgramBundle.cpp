@@ -153,8 +153,14 @@ private Q_SLOTS:
         QTest::addColumn<QString>("errorPattern");
         QTest::newRow("a missing mesh") << QStringList{u"x.xml"_s, u"a.stl"_s, u"missing.stl"_s} << 1
                                         << u"surfaceio: missing.stl: there is no such file\n"_s;
-        QTest::newRow("a damaged mesh") << QStringList{u"x.xml"_s, u"bad.stl"_s} << 1
-                                        << u"surfaceio: bad.stl: no mesh could be read from it\n"_s;
+        QTest::newRow("a damaged mesh")
+            << QStringList{u"x.xml"_s, u"bad.stl"_s} << 3
+            << u"surfaceio: bad.stl: expected a header of 80 bytes and a facet count of 4, found 5 bytes\n"_s;
+        QTest::newRow("no facets") << QStringList{u"x.xml"_s, u"none.stl"_s} << 1
+                                   << u"surfaceio: none.stl: no mesh could be read from it\n"_s;
+        QTest::newRow("STL named PLY")
+            << QStringList{u"x.xml"_s, u"wrong.ply"_s} << 4
+            << u"surfaceio: wrong.ply: the content is that of STL, the suffix is not\n"_s;
         QTest::newRow("no mesh file") << QStringList{u"x.xml"_s, u"bad.txt"_s} << 1
                                       << u"surfaceio: bad.txt: expected one of the suffixes .*\n"_s;
         QTest::newRow("no mesh") << QStringList{u"x.xml"_s} << 2 << u"surfaceio: MESH is required\n.*"_s;
@@ -172,6 +178,8 @@ private Q_SLOTS:
         QFETCH(QString, errorPattern);
         store(u"bad.stl"_s, "short");
         store(u"bad.txt"_s, "text");
+        store(u"none.stl"_s, support::binaryStl({}));
+        store(u"wrong.ply"_s, support::binaryStl(support::stlFacet(0)));
         verify(pack(arguments), exitCode, {}, errorPattern);
         QVERIFY(!QFile::exists(path(u"x.xml"_s)));
     }

@@ -8,6 +8,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
 using namespace Qt::StringLiterals;
 using support::binaryStl;
 using support::runProgram;
@@ -63,7 +68,12 @@ private Q_SLOTS:
         QCOMPARE(jsonOf(u"scans/b.stl"_s),
                  QJsonObject({{u"schema"_s, u"surfaceio.check/1"_s}, {u"files"_s, QJsonArray({file})}}));
         QVERIFY(QDir(folder->path()).mkpath(u"none"_s));
-        QCOMPARE(jsonOf(u"none"_s)["files"_L1], QJsonArray());
+        QJsonObject const nothing = {
+            {u"code"_s, u"missing"_s},
+            {u"severity"_s, u"error"_s},
+            {u"reason"_s, u"found no files of the suffixes .shapetree, .ply, .stl, .vmesh, .obj, .array"_s},
+            {u"remedy"_s, u"check the spelling of the path"_s}};
+        QCOMPARE(jsonOf(u"none"_s)["files"_L1][0]["findings"_L1], QJsonArray({nothing}));
     }
 
     void code_data()
@@ -129,10 +139,57 @@ private Q_SLOTS:
     void patterns()
     {
         verify(check({u"scans/*.stl"_s}), 0, ofOpenFacet("scans/b.stl"), {});
-        auto const outcome = check({u"scans/*.ply"_s});
-        QCOMPARE(outcome.exitCode, 1);
-        QVERIFY(outcome.standardOutput.contains("error: there is no such file\n"));
+        verify(check({u"scans/*.ply"_s}), 1,
+               "scans/*.ply: error: no file fits the pattern\n    check the spelling of the path\n",
+               u"surfaceio: scans/\\*.ply: 1 error\n"_s);
     }
+
+    void emptyFolder()
+    {
+        QVERIFY(QDir(folder->path()).mkpath(u"none/.hidden"_s));
+        write(u"none/.hidden/a.stl"_s, binaryStl(stlFacet(0)));
+        QByteArray const nothing =
+            "none: error: found no files of the suffixes .shapetree, .ply, .stl, .vmesh, "
+            ".obj, .array\n    check the spelling of the path\n";
+        verify(check({u"none"_s}), 1, nothing, u"surfaceio: none: 1 error\n"_s);
+        verify(check({u"none"_s, u"scans/b.stl"_s}), 6, nothing + ofOpenFacet("scans/b.stl"),
+               u"surfaceio: none: 1 error\n"_s);
+    }
+
+#ifdef Q_OS_UNIX
+    void unreadableFolder()
+    {
+        QVERIFY(QFile::setPermissions(folder->filePath(u"scans/deep"_s), {}));
+        QVERIFY(::chmod(QFile::encodeName(folder->path()).constData(), 0777) == 0);
+        QString const asNobody = u"setpriv --reuid=65534 --regid=65534 --clear-groups "_s;
+        bool const isRoot = ::geteuid() == 0;
+        if (isRoot && support::runShell(asNobody + u"\"$SURFACEIO\" --version"_s).exitCode != 0)
+            QSKIP("root reads everything, and cannot become somebody else here");
+        QString const command = (isRoot ? asNobody : QString()) + u"\"$SURFACEIO\" check "_s;
+        QByteArray const deep = "scans/deep: error: the folder cannot be read: Permission denied\n"
+                                "    check who may read it\n";
+        QString const summary = u"surfaceio: scans/deep: 1 error\n"_s;
+        verify(support::runShell(command + u"scans"_s, folder->path()), 6, ofOpenFacet("scans/b.stl") + deep,
+               summary);
+        verify(support::runShell(command + u"scans/deep"_s, folder->path()), 1, deep, summary);
+        verify(support::runShell(command + u"scans/deep/a.STL"_s, folder->path()), 1,
+               "scans/deep/a.STL: error: cannot be opened: Permission denied\n    check who may read it\n",
+               u"surfaceio: scans/deep/a.STL: 1 error\n"_s);
+        QVERIFY(QFile::setPermissions(folder->filePath(u"scans/deep"_s), QFile::Permissions(0x7000)));
+    }
+
+    void undecodableName()
+    {
+        if (support::runShell(u"cp scans/b.stl \"$(printf 'scans/deep/x\\377.stl')\""_s, folder->path())
+                .exitCode != 0)
+            QSKIP("this disk takes names in UTF-8 only");
+        verify(support::runShell(u"\"$SURFACEIO\" check scans/deep/x*"_s, folder->path()), 1,
+               "scans/deep/x\xEF\xBF\xBD.stl: error: the name is not UTF-8, and nothing can be opened by it\n"
+               "    give it a name in UTF-8\n",
+               u"surfaceio: scans/deep/x\uFFFD.stl: 1 error\n"_s);
+        QCOMPARE(support::runShell(u"rm scans/deep/x*"_s, folder->path()).exitCode, 0); // Qt cannot
+    }
+#endif
 
     void someOfSeveral()
     {

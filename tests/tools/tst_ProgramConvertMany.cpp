@@ -86,9 +86,11 @@ private Q_SLOTS:
             {u"scans/a.stl"_s, u"scans/lower"_s, u"--to"_s, u"xyz"_s, u"-d"_s, u"out"_s, u"--force"_s}, 2,
             "surfaceio: scans/a.stl and scans/lower/a.stl would both become out/a.xyz\n");
         row("nothing found", {u"empty"_s, u"--to"_s, u"xyz"_s}, 1,
-            "surfaceio: found no files of the suffixes .*\n");
-        row("pattern without files", {u"x*.stl"_s, u"--to"_s, u"xyz"_s}, 1,
-            "surfaceio: x\\*.stl: there is no such file\n");
+            "surfaceio: empty: found no files of the suffixes \\.stl, \\.ply, \\.obj, \\.array, \\.vmesh\n");
+        row("pattern without files", {u"x*.zzz"_s, u"--to"_s, u"xyz"_s}, 1,
+            "surfaceio: x\\*.zzz: no file fits the pattern\n");
+        row("pattern with a missing folder", {u"gone/*.stl"_s, u"--to"_s, u"xyz"_s, u"-d"_s, u"new"_s}, 1,
+            "surfaceio: gone/\\*.stl: no file fits the pattern\n");
         row("target is a file", {u"one.stl"_s, u"--to"_s, u"xyz"_s, u"-d"_s, u"scans/readme.txt"_s}, 1,
             "surfaceio: scans/readme.txt: expected a folder, found a file\n");
     }
@@ -243,12 +245,80 @@ private Q_SLOTS:
     {
         verify(runProgram({u"sample"_s, u"scans/big.stl"_s, u"--facets"_s, u"1000"_s}, folder->path()), 0, {},
                {});
-        auto const outcome = runShell(
-            u"trap '' XFSZ; ulimit -f 8; \"$SURFACEIO\" convert scans --to xyz -d out"_s, folder->path());
-        QCOMPARE(outcome.exitCode, 6);
-        QVERIFY(outcome.standardError.contains("surfaceio: out/big.xyz: "));
-        QVERIFY(outcome.standardError.endsWith("surfaceio: 1 of 4 files failed\n"));
+        verify(runShell(u"ulimit -f 8; \"$SURFACEIO\" convert scans --to xyz -d out"_s, folder->path()), 6,
+               {},
+               u"surfaceio: warning: scans/big.stl: facets lose their tags\n"
+               "surfaceio: out/big.xyz: could not be written: File too large\n"
+               "surfaceio: 1 of 4 files failed\n"_s);
         QCOMPARE(everything(u"out"_s), QStringList({u"a.xyz"_s, u"b.xyz"_s, u"lower/a.xyz"_s}));
+    }
+
+    // The rest is converted, and nobody takes it for all.
+    void unreadableFolder()
+    {
+        write(u"scans/\U0001F9B7/c.stl"_s, binaryStl(stlFacet(0)));
+        QVERIFY(QFile::setPermissions(folder->filePath(u"scans/lower"_s), {}));
+        QVERIFY(::chmod(QFile::encodeName(folder->path()).constData(), 0777) == 0);
+        QString const asNobody = u"setpriv --reuid=65534 --regid=65534 --clear-groups "_s;
+        bool const isRoot = geteuid() == 0;
+        if (isRoot && runShell(asNobody + u"\"$SURFACEIO\" --version"_s).exitCode != 0)
+            QSKIP("root reads everything, and cannot become somebody else here");
+        QString const command =
+            (isRoot ? asNobody : QString()) + u"\"$SURFACEIO\" convert scans -d out --to xyz"_s;
+        auto const json = runShell(command + u" --json --dry-run"_s, folder->path());
+        verify(runShell(command, folder->path()), 6, {},
+               u"surfaceio: scans/lower: the folder cannot be read: Permission denied\n"
+               "surfaceio: 1 of 4 files failed\n"_s);
+        auto const inside = runShell(command + u" --force 'scans/lower/*.stl'"_s, folder->path());
+        QVERIFY(QFile::setPermissions(folder->filePath(u"scans/lower"_s), QFile::Permissions(0x7000)));
+        QCOMPARE(everything(u"out"_s), QStringList({u"a.xyz"_s, u"b.xyz"_s, u"\U0001F9B7/c.xyz"_s}));
+        QCOMPARE(json.exitCode, 6);
+        QVERIFY(json.standardOutput.contains(
+            "    {\n"
+            "      \"path\": \"scans/lower\",\n"
+            "      \"output\": null,\n"
+            "      \"status\": \"failed\",\n"
+            "      \"exitCode\": 1,\n"
+            "      \"problem\": \"scans/lower: the folder cannot be read: Permission denied\",\n"
+            "      \"warnings\": []\n"
+            "    }"));
+        verify(inside, 6, {},
+               u"surfaceio: scans/lower: the folder cannot be read: Permission denied\n"
+               "surfaceio: 1 of 4 files failed\n"_s);
+    }
+
+    void undecodableNames()
+    {
+        if (runShell(u"cd scans && cp a.stl \"$(printf 'x\\377.stl')\" && mkdir \"$(printf 'y\\376')\""_s,
+                     folder->path())
+                .exitCode != 0)
+            QSKIP("this disk takes names in UTF-8 only");
+        QString const sentence = u": the name is not UTF-8, and nothing can be opened by it\n"_s;
+        verify(convert({u"scans"_s, u"--to"_s, u"xyz"_s, u"-d"_s, u"out"_s}), 6, {},
+               u"surfaceio: scans/x\uFFFD.stl"_s + sentence + u"surfaceio: scans/y\uFFFD"_s + sentence +
+                   u"surfaceio: 2 of 5 files failed\n"_s);
+        QString const program = u"\"$SURFACEIO\" "_s;
+        for (char const* const arguments :
+             {"info scans/x?.stl", "convert scans/x?.stl out.ply", "convert scans/x?.stl --to ply"})
+            verify(runShell(program + QString::fromLatin1(arguments), folder->path()), 1, {},
+                   u"surfaceio: scans/x\uFFFD.stl"_s + sentence);
+        verify(runShell(program + u"convert one.stl \"$(printf 'o\\377.ply')\""_s, folder->path()), 1, {},
+               u"surfaceio: o\uFFFD.ply"_s + sentence);
+        verify(runShell(program + u"convert one.stl --to ply -d \"$(printf 'o\\377')\""_s, folder->path()), 1,
+               {}, u"surfaceio: o\uFFFD"_s + sentence);
+        QCOMPARE(everything(u"out"_s), QStringList({u"a.xyz"_s, u"b.xyz"_s, u"lower/a.xyz"_s}));
+        QCOMPARE(runShell(u"rm -r scans/x* scans/y*"_s, folder->path()).exitCode, 0); // Qt cannot
+    }
+
+    void linkThatLeadsNowhere()
+    {
+        QVERIFY(QFile::link(u"gone.stl"_s, folder->filePath(u"scans/lower/link.stl"_s)));
+        QVERIFY(QFile::link(u"../.."_s, folder->filePath(u"scans/lower/folder.stl"_s)));
+        verify(convert({u"scans/lower"_s, u"--to"_s, u"xyz"_s, u"-d"_s, u"out"_s}), 6, {},
+               u"surfaceio: scans/lower/link.stl: expected a file, found a link to \".*gone.stl\", which "
+               u"does not "
+               "exist\nsurfaceio: 1 of 2 files failed\n"_s);
+        QCOMPARE(everything(u"out"_s), QStringList(u"a.xyz"_s));
     }
 
     void unreadableFile()

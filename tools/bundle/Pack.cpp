@@ -2,6 +2,7 @@
 #include "bundle/BundleWork.h"
 #include "bundle/ShapeList.h"
 #include "framework/MeshReader.h"
+#include "inspect/Format.h"
 #include "output/OutputFile.h"
 #include "ply/PLYReader.h"
 #include "scene/AssociatedShapesXMLWriter.h"
@@ -60,8 +61,11 @@ Problem addMesh(QString const& path, PackOptions const& options, AssociatedShape
     if (QString const reason = whyNoMesh(path); !reason.isEmpty())
         return {ExitCode::ReadOrWriteFailed, reason};
     auto const mesh = MeshReader::read(path);
-    if (!mesh || mesh->isNull())
-        return {ExitCode::ReadOrWriteFailed, Text::tr("no mesh could be read from it")};
+    if (!mesh || mesh->isNull()) {
+        Problem problem = refusalOf(path);
+        return problem ? problem
+                       : Problem{ExitCode::ReadOrWriteFailed, Text::tr("no mesh could be read from it")};
+    }
     QDir const folder(QFileInfo(options.out).absolutePath());
     QString const name = folder.relativeFilePath(QFileInfo(path).absoluteFilePath());
     NamedMaterial const look = materialFor(path, name, options.material);
@@ -75,8 +79,10 @@ QString writeDocument(QByteArray const& content, PackOptions const& options)
     if (QString problem = output.open(options.mayReplace); !problem.isEmpty())
         return problem;
     QFile file(output.temporaryPath());
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
-        return file.errorString();
+    if (!file.open(QIODevice::WriteOnly))
+        return Text::tr("cannot be written: ") + file.errorString();
+    if (file.write(content) != content.size() || !file.flush())
+        return whyNotWritten(output.temporaryPath());
     file.close();
     return output.commit(content.size());
 }

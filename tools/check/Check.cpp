@@ -29,11 +29,6 @@ void addProblem(Inspection const& inspection, Findings& findings)
     findings.fail(inspection.code, code, inspection.problem, remedy);
 }
 
-bool hasWrongSuffix(Check const& check)
-{
-    return !check.format.suffixes.isEmpty() && !hasSuffix(check.format, check.source.path);
-}
-
 bool passesInspection(Check& check)
 {
     Inspection inspection;
@@ -53,7 +48,7 @@ bool isExplained(QString const& message)
 void checkContent(Check& check)
 {
     MeshSource const* const source = meshSourceFor(check.source.path);
-    if (source == nullptr || hasWrongSuffix(check))
+    if (source == nullptr || hasWrongSuffix(check.file))
         return;
     MeshFile file;
     LogCapture const log;
@@ -100,10 +95,8 @@ Findings checkFile(QString const& path, CheckContext& context)
         return findings;
     }
     Check check(*file, context);
-    if (hasWrongSuffix(check))
-        check.findings.fail(
-            ExitCode::Unsupported, "wrong-suffix"_L1,
-            Text::tr("the content is that of %1, the suffix is not").arg(Text::shown(file->format->title)));
+    if (hasWrongSuffix(*file))
+        check.findings.fail(ExitCode::Unsupported, "wrong-suffix"_L1, wrongSuffixProblem(*file->format));
     auto* const checker = file->format->check != nullptr ? file->format->check : checkMeshFile;
     checker(check);
     return std::move(check.findings);

@@ -20,12 +20,14 @@ struct CheckContext
 class Check
 {
 public:
-    Check(RecognisedFile const& file, CheckContext& context_)
-        : source(file.source)
+    Check(RecognisedFile const& file_, CheckContext& context_)
+        : file(file_)
+        , source(file.source)
         , format(*file.format)
         , context(context_)
     {}
 
+    RecognisedFile const& file;
     Source const& source;
     Format const& format;
     CheckContext& context;

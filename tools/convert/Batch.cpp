@@ -125,7 +125,7 @@ ExitCode Batch::convertOne(Conversion const& conversion)
     try {
         if (options.isRehearsal)
             return rehearse(conversion, said);
-        if (options.makesFolders)
+        if (options.makesFolders && conversion.obstacle.isEmpty())
             QDir().mkpath(QFileInfo(conversion.out).absolutePath());
         return convert(conversion, said);
     } catch (std::bad_alloc const&) {

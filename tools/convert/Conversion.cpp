@@ -1,8 +1,12 @@
 #include "convert/Conversion.h"
 
+#include "LibraryLog.h"
 #include "Text.h"
 #include "inspect/Format.h"
 #include "output/OutputFile.h"
+#include "texture/MissingLibraries.h"
+
+#include <QDebug>
 
 #include <algorithm>
 
@@ -23,9 +27,8 @@ ExitCode failReading(QString const& path, Console& console)
 {
     if (Interrupt::flag())
         return ExitCode::Interrupted;
-    Inspection const inspection = inspectFile(path);
-    if (inspection.code != ExitCode::Ok)
-        return fail(inspection.code, path, inspection.problem, console);
+    if (Problem const problem = refusalOf(path))
+        return reported(problem, path, console);
     return fail(ExitCode::ReadOrWriteFailed, path, Text::tr("could not be read"), console);
 }
 
@@ -47,15 +50,22 @@ ExitCode read(QString const& path, MeshFile& file, Reading const& reading, Conso
         return failReading(path, console);
     if (reading.cancel) // some readers then tell of a file without facets
         return ExitCode::Interrupted;
-    if (file.mesh.isNull())
+    if (file.mesh.isNull() || file.mesh.getNumIndices() == 0)
         return fail(ExitCode::ReadOrWriteFailed, path, Text::tr("holds no facets that could be converted"),
                     console);
+    if (file.bakesTexture)
+        warnOfMissingLibraries(path, console);
     return ExitCode::Ok;
 }
 
 ExitCode result(QString const& path, QString const& problem, Console& console)
 {
     return problem.isEmpty() ? ExitCode::Ok : fail(ExitCode::ReadOrWriteFailed, path, problem, console);
+}
+
+ExitCode checkInput(Conversion const& conversion, Console& console)
+{
+    return result(conversion.in, conversion.obstacle, console);
 }
 
 ExitCode checkTarget(QString const& path, Console& console)
@@ -88,6 +98,11 @@ void warnOfLosses(MeshTarget const& target, Changes const& changes, MeshFile con
         console.warning(Text::tr("a file of the kind \"%1\" holds no alpha and no material").arg(title));
     if (target.holdsAppearance && losesAlpha(file))
         console.warning(Text::tr("colours lose their alpha; --alpha writes it"));
+    if (!target.holdsAppearance && !file.mesh.colors.isEmpty())
+        console.warning(
+            Text::tr("vertices lose their colours: a file of the kind \"%1\" holds none").arg(title));
+    if (file.hasTags)
+        console.warning(Text::tr("facets lose their tags"));
 }
 
 ExitCode change(Conversion const& conversion, MeshFile& file, Console& console)
@@ -99,11 +114,28 @@ ExitCode change(Conversion const& conversion, MeshFile& file, Console& console)
     return obstacle.isEmpty() ? ExitCode::Ok : fail(ExitCode::Usage, conversion.out, obstacle, console);
 }
 
+// What a writer says of a failure names the temporary file, and not the reason.
+bool writeQuietly(MeshTarget const& target, QString const& path, MeshFile const& file)
+{
+    QStringList log;
+    bool isWritten = false;
+    {
+        LogCapture const capture;
+        isWritten = target.write(path, file);
+        log = capture.messages();
+    }
+    for (QString const& message : log) {
+        if (isWritten)
+            qWarning().noquote() << message;
+    }
+    return isWritten;
+}
+
 ExitCode write(OutputFile& output, QString const& path, MeshFile const& file, Console& console)
 {
     MeshTarget const* const target = meshTargetFor(path);
-    if (!target->write(output.temporaryPath(), file))
-        return fail(ExitCode::ReadOrWriteFailed, path, Text::tr("could not be written"), console);
+    if (!writeQuietly(*target, output.temporaryPath(), file))
+        return fail(ExitCode::ReadOrWriteFailed, path, whyNotWritten(output.temporaryPath()), console);
     return result(path, output.commit(target->expectedBytes(output.temporaryPath(), file)), console);
 }
 
@@ -112,7 +144,9 @@ ExitCode write(OutputFile& output, QString const& path, MeshFile const& file, Co
 ExitCode convert(Conversion const& conversion, Console& console)
 {
     OutputFile output(conversion.out);
-    ExitCode code = open(output, conversion.out, conversion.mayReplace, console);
+    ExitCode code = checkInput(conversion, console);
+    if (code == ExitCode::Ok)
+        code = open(output, conversion.out, conversion.mayReplace, console);
     MeshFile file;
     file.bakesTexture = conversion.bakesTexture;
     if (code == ExitCode::Ok)
@@ -124,7 +158,9 @@ ExitCode convert(Conversion const& conversion, Console& console)
 
 ExitCode rehearse(Conversion const& conversion, Console& console)
 {
-    ExitCode code = checkTarget(conversion.out, console);
+    ExitCode code = checkInput(conversion, console);
+    if (code == ExitCode::Ok)
+        code = checkTarget(conversion.out, console);
     if (code == ExitCode::Ok)
         code =
             result(conversion.out, OutputFile(conversion.out).targetProblem(conversion.mayReplace), console);

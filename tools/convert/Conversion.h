@@ -16,6 +16,8 @@ struct Conversion
     Changes changes = {};
     /// Whether a texture becomes colours of the vertices, or is left out.
     bool bakesTexture = true;
+    /// Why there is nothing to read at `in`; empty when there may be.
+    QString obstacle = {};
     /// Told how far the reading is; see `Reading`.
     std::atomic<qint64>* bytesRead = nullptr;
 };

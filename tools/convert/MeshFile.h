@@ -18,6 +18,8 @@ struct MeshFile
     geometry::Mesh mesh;
     std::optional<geometry::Material> material = {};
     std::optional<MeshHeader> metadata = {};
+    /// Whether its facets had tags other than 0; no target holds them.
+    bool hasTags = false;
     /// Whether the alpha of colours is written too.
     bool withAlpha = false;
     /// Set before reading: whether a texture becomes colours of the vertices, or is left out.

@@ -41,6 +41,8 @@ QStringList collisionsOf(std::vector<Conversion> const& conversions)
         inputs.insert(identityOf(conversion.in), conversion.in);
     QHash<QString, QString> targets;
     for (Conversion const& conversion : conversions) {
+        if (!conversion.obstacle.isEmpty())
+            continue;
         QString const target = identityOf(conversion.out);
         if (QString const other = targets.value(target); !other.isEmpty())
             sentences << Text::tr("%1 and %2 would both become %3").arg(other, conversion.in, conversion.out);

@@ -4,7 +4,10 @@
 #include "header/Metadata.h"
 #include "images/LargeImages.h"
 #include "inhouse/data/Unstrip.h"
+#include "inspect/Format.h"
 #include "inspect/PlyHeaderText.h"
+#include "inspect/StlBinary.h"
+#include "inspect/StlText.h"
 #include "obj/OBJReader.h"
 #include "ply/PLYReader.h"
 #include "ply/PLYWriter.h"
@@ -37,6 +40,21 @@ void readMetadata(QString const& path, decltype(MetadataFormat::read) read, Mesh
     Metadata metadata;
     if (in.open(QIODevice::ReadOnly) && !read(in, metadata))
         file.metadata = metadata;
+}
+
+// A file that was read holds the facets that it claims, or is text.
+bool hasTags(QString const& path)
+{
+    QFile in(path);
+    if (!in.open(QIODevice::ReadOnly))
+        return false;
+    QByteArray const head = in.peek(Source::headBytes);
+    qint64 const claimed = stl::isReadAsText(head) ? 0 : stl::claimedFacets(head);
+    bool isTagged = false;
+    stl::forEachFacet(in, claimed, [&isTagged](stl::FacetRecord const& facet) {
+        isTagged = isTagged || facet.tag().tag != 0 || facet.tag().subTag != 0;
+    });
+    return isTagged;
 }
 
 void warnIfCut(QString const& path)
@@ -83,6 +101,7 @@ bool readStl(QString const& path, MeshFile& file, Reading const& reading)
         return false;
     file.mesh = reader.getMesh();
     readMetadata(path, readStlMetadata, file);
+    file.hasTags = hasTags(path);
     return true;
 }
 

@@ -1,3 +1,4 @@
+#include "FileName.h"
 #include "Text.h"
 #include "convert/Suffixes.h"
 #include "inspect/Formats.h"
@@ -5,11 +6,32 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <filesystem>
+
 using namespace Qt::StringLiterals;
 
 namespace tool {
 
 namespace {
+
+bool isMissing(QString const& path)
+{
+    std::error_code ignored;
+    return std::filesystem::status(QFileInfo(path).filesystemFilePath(), ignored).type() ==
+           std::filesystem::file_type::not_found;
+}
+
+// What the system says, where it is not that the file is missing.
+QString whyMissing(QString const& path)
+{
+    if (QString problem = whyNoFileName(path); !problem.isEmpty())
+        return problem;
+    if (isMissing(path))
+        return Text::tr("there is no such file");
+    std::error_code error;
+    static_cast<void>(std::filesystem::status(QFileInfo(path).filesystemFilePath(), error));
+    return Text::tr("cannot be opened: ") + QString::fromStdString(error.message());
+}
 
 std::optional<RecognisedFile> recognise(Source const& source)
 {
@@ -24,11 +46,17 @@ std::optional<RecognisedFile> recognise(Source const& source)
     return {};
 }
 
+QLatin1StringView problemCodeOf(QString const& path)
+{
+    if (QFileInfo::exists(path))
+        return "not-a-file"_L1;
+    return isMissing(path) ? "missing"_L1 : "cannot-open"_L1;
+}
+
 std::optional<Source> open(QString const& path, Inspection& inspection)
 {
     if (QString const reason = whyNotRegular(path); !reason.isEmpty()) {
-        inspection.fail(ExitCode::ReadOrWriteFailed, reason,
-                        QFileInfo::exists(path) ? "not-a-file"_L1 : "missing"_L1);
+        inspection.fail(ExitCode::ReadOrWriteFailed, reason, problemCodeOf(path));
         return {};
     }
     QFile file(path);
@@ -56,7 +84,7 @@ QString whyNotRegular(QString const& path)
         return Text::tr("expected a file, found a link to \"%1\", which does not exist")
             .arg(file.symLinkTarget());
     if (!file.exists())
-        return Text::tr("there is no such file");
+        return whyMissing(path);
     if (file.isDir())
         return Text::tr("expected a file, found a folder");
     if (!file.isFile())
@@ -78,6 +106,16 @@ bool hasSuffix(Format const& format, QString const& path)
     return hasSuffix(path, format.suffixes);
 }
 
+bool hasWrongSuffix(RecognisedFile const& file)
+{
+    return !file.format->suffixes.isEmpty() && !hasSuffix(*file.format, file.source.path);
+}
+
+QString wrongSuffixProblem(Format const& format)
+{
+    return Text::tr("the content is that of %1, the suffix is not").arg(Text::shown(format.title));
+}
+
 std::optional<RecognisedFile> recogniseFile(QString const& path, Inspection& inspection)
 {
     std::optional<Source> const source = open(path, inspection);
@@ -91,6 +129,17 @@ std::optional<RecognisedFile> recogniseFile(QString const& path, Inspection& ins
                         "unknown-format"_L1);
     }
     return file;
+}
+
+Problem refusalOf(QString const& path)
+{
+    Inspection inspection;
+    std::optional<RecognisedFile> const file = recogniseFile(path, inspection);
+    if (file && hasWrongSuffix(*file))
+        return {ExitCode::Unsupported, wrongSuffixProblem(*file->format)};
+    if (file)
+        file->format->inspect(file->source, inspection);
+    return {inspection.code, inspection.problem};
 }
 
 Inspection inspectFile(QString const& path)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Console.h"
+#include "Problem.h"
 #include "Report.h"
 
 #include <QByteArrayView>
@@ -80,6 +80,15 @@ struct RecognisedFile
 /// Opens and recognises the file at `path`. Nothing, and a failed inspection, when either is impossible.
 /// Never waits on a pipe or a device.
 std::optional<RecognisedFile> recogniseFile(QString const& path, Inspection& inspection);
+
+/// Whether its content is of a format that another suffix stands for.
+bool hasWrongSuffix(RecognisedFile const& file);
+/// What is said of a file with such content.
+QString wrongSuffixProblem(Format const& format);
+
+/// Why the file at `path`, which a reader has refused, cannot be read; none when nothing is known to be wrong
+/// with it.
+Problem refusalOf(QString const& path);
 
 /// Opens and recognises the file at `path`, and has it inspected. Never waits on a pipe or a device.
 Inspection inspectFile(QString const& path);

@@ -8,6 +8,7 @@
 #include "inspect/PlyHeaderText.h"
 #include "obj/ObjReading.h"
 #include "ply/PLYReader.h"
+#include "texture/MissingLibraries.h"
 
 #include <QDir>
 #include <QFile>
@@ -61,8 +62,7 @@ QString stopProblem(obj::MtlLibrary const& library, QString const& scanPath)
 QString libraryProblem(obj::MtlLibrary const& library, QString const& scanPath)
 {
     if (!library.isFound)
-        return Text::tr("the material library \"%1\" does not exist").arg(library.name) +
-               nearestNameQuestion(obj::pathBeside(scanPath, library.name), folderOf(scanPath));
+        return missingLibraryProblem(library, scanPath);
     return library.stopsAt > 0 ? stopProblem(library, scanPath) : QString();
 }
 
@@ -166,9 +166,8 @@ Problem readTexturedScan(QString const& path, TexturedScan& scan)
         return {};
     if (Problem problem = interruption())
         return problem;
-    Inspection const inspection = inspectFile(path);
-    if (inspection.code != ExitCode::Ok)
-        return {inspection.code, inspection.problem};
+    if (Problem problem = refusalOf(path))
+        return problem;
     return {ExitCode::Unsupported, isObj ? objObstacle(path) : plyObstacle(path)};
 }
 

@@ -66,20 +66,29 @@ void summarise(QString const& path, Findings const& findings, Console& console)
         console.warning(path + u": "_s + summaryOf(findings));
 }
 
+Findings findingsOf(Input const& input, CheckContext& context)
+{
+    if (input.problem.isEmpty())
+        return checkFile(input.path, context);
+    Findings findings;
+    findings.fail(ExitCode::ReadOrWriteFailed, input.problemCode, input.problem);
+    return findings;
+}
+
 ExitCode run(Options const& options, Console& console)
 {
-    QStringList const files = filesIn(options.inputs);
+    std::vector<Input> const inputs = inputsIn(options.inputs);
     ExitCode code = ExitCode::Ok;
     CheckContext context;
     Report all;
     all.addList("files"_L1);
-    for (QString const& path : files) {
-        Findings const findings = checkFile(path, context);
-        summarise(path, findings, console);
+    for (Input const& input : inputs) {
+        Findings const findings = findingsOf(input, context);
+        summarise(input.path, findings, console);
         if (!options.json)
-            console.result(printable(textOf(path, findings)));
-        addTo(all, path, findings);
-        code = combined(code, findings.exitCode(), files.size() == 1);
+            console.result(printable(textOf(input.path, findings)));
+        addTo(all, input.path, findings);
+        code = combined(code, findings.exitCode(), inputs.size() == 1);
     }
     if (options.json)
         console.result(all.json("surfaceio.check/1"_L1));

@@ -1,3 +1,4 @@
+#include "FileName.h"
 #include "Problem.h"
 #include "Report.h"
 #include "Text.h"
@@ -85,19 +86,21 @@ std::vector<Conversion> plan(Options const& options)
     PlannedTarget const target = {QString::fromStdString(*options.suffix),
                                   QString::fromStdString(options.directory)};
     std::vector<Conversion> conversions;
-    for (Input const& input : inputsIn(options.files, suffixes))
-        conversions.push_back({input.path, targetPath({input.path, input.subfolder}, target), options.force,
-                               changes, options.texture == "bake"});
+    for (Input const& input : inputsIn(options.files, suffixes)) {
+        QString const out =
+            input.problem.isEmpty() ? targetPath({input.path, input.subfolder}, target) : QString();
+        conversions.push_back(
+            {input.path, out, options.force, changes, options.texture == "bake", input.problem});
+    }
     return conversions;
 }
 
 // Before anything is read or made.
 Problem problemOf(std::vector<Conversion> const& conversions, Options const& options)
 {
-    if (conversions.empty())
-        return {ExitCode::ReadOrWriteFailed,
-                Text::tr("found no files of the suffixes %1").arg(suffixesOf(meshSources()))};
     QString const directory = QString::fromStdString(options.directory);
+    if (QString const problem = whyNoFileName(directory); !problem.isEmpty())
+        return {ExitCode::ReadOrWriteFailed, directory + u": "_s + problem};
     if (QFileInfo const file(directory); !directory.isEmpty() && file.exists() && !file.isDir())
         return {ExitCode::ReadOrWriteFailed, directory + Text::tr(": expected a folder, found a file")};
     QStringList const collisions = collisionsOf(conversions);
@@ -128,7 +131,7 @@ void printJson(std::vector<Conversion> const& conversions, std::vector<BatchResu
         QStringList const failures = sentencesOf(results[i], Message::Kind::Failure);
         Report& file = all.addItem("files"_L1, conversions[i].in);
         file.add("path"_L1, {}, conversions[i].in);
-        file.add("output"_L1, {}, conversions[i].out);
+        file.add("output"_L1, {}, conversions[i].out.isEmpty() ? Value() : Value(conversions[i].out));
         file.add("status"_L1, {}, nameOf(results[i].status));
         file.add("exitCode"_L1, {}, static_cast<int>(results[i].code));
         file.add("problem"_L1, {}, failures.isEmpty() ? Value() : Value(failures.join(u"; "_s)));

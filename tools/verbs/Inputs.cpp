@@ -1,11 +1,16 @@
 #include "verbs/Inputs.h"
 
+#include "FileName.h"
+#include "Text.h"
 #include "convert/Suffixes.h"
 #include "inspect/Format.h"
+#include "verbs/Folder.h"
 
 #include <QDir>
-#include <QDirIterator>
+#include <QRegularExpression>
 #include <QSet>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -13,71 +18,119 @@ namespace tool {
 
 namespace {
 
-std::vector<Input> filesBelow(QString const& folder, QStringList const& suffixes)
+QString joined(QString const& folder, QString const& name)
 {
-    QStringList files;
-    // Links to folders are not followed: they may lead back here.
-    QDirIterator iterator(folder, QDir::Files | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (iterator.hasNext()) {
-        QString const path = QDir::cleanPath(iterator.next());
-        if (suffixes.contains(QFileInfo(path).suffix().toLower()))
-            files << path;
-    }
-    files.sort();
-    std::vector<Input> inputs;
-    for (QString const& path : files) {
-        QString const below = QDir(folder).relativeFilePath(QFileInfo(path).absolutePath());
-        inputs.push_back({path, below == "."_L1 ? QString() : below});
-    }
-    return inputs;
+    return folder.isEmpty() || folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
 }
+
+// Looks below one folder. Links to folders are not followed: they may lead back here.
+class FolderSearch
+{
+public:
+    FolderSearch(QString const& root_, QStringList const& suffixes_)
+        : root(root_)
+        , suffixes(suffixes_)
+    {}
+
+    std::vector<Input> run()
+    {
+        search(root, {});
+        if (inputs.empty())
+            return {{root,
+                     {},
+                     Text::tr("found no files of the suffixes %1").arg(u'.' + suffixes.join(u", ."_s)),
+                     "missing"_L1}};
+        std::sort(inputs.begin(), inputs.end(),
+                  [](Input const& a, Input const& b) { return a.path < b.path; });
+        return std::move(inputs);
+    }
+
+private:
+    void search(QString const& folder, QString const& subfolder)
+    {
+        Folder const found = folderAt(folder);
+        if (!found.problem.isEmpty())
+            inputs.push_back({folder, subfolder, found.problem, found.problemCode});
+        for (Folder::Entry const& entry : found.entries) {
+            QString const path = QDir::cleanPath(joined(folder, entry.name));
+            if (entry.isFolder && !entry.isLink)
+                search(path, joined(subfolder, entry.name));
+            else if (entry.isFile && suffixes.contains(QFileInfo(path).suffix().toLower()))
+                inputs.push_back({path, subfolder});
+        }
+    }
+
+    QString root;
+    QStringList const& suffixes;
+    std::vector<Input> inputs;
+};
 
 bool isPattern(QString const& text)
 {
     return text.contains(u'*') || text.contains(u'?');
 }
 
-QStringList entriesLike(QString const& folder, QString const& pattern, QDir::Filters kind)
+// Looks for what fits a pattern, part by part.
+class PatternSearch
 {
-    QString const prefix = folder.isEmpty() || folder.endsWith(u'/') ? folder : folder + u'/';
-    if (!isPattern(pattern))
-        return {prefix + pattern};
-    QStringList paths;
-    QDir const where(folder.isEmpty() ? u"."_s : folder);
-    for (QString const& name : where.entryList({pattern}, kind | QDir::NoDotAndDotDot, QDir::Name))
-        paths << prefix + name;
-    return paths;
-}
+public:
+    explicit PatternSearch(QString const& pattern_)
+        : pattern(pattern_)
+    {}
 
-QStringList filesLike(QString const& pattern)
-{
-    QStringList parts = pattern.split(u'/');
-    QString const last = parts.takeLast();
-    QStringList folders = {pattern.startsWith(u'/') ? u"/"_s : QString()};
-    for (QString const& part : parts) {
-        QStringList next;
-        for (QString const& folder : folders)
-            next << (part.isEmpty() ? QStringList(folder) : entriesLike(folder, part, QDir::Dirs));
-        folders = next;
+    std::vector<Input> run()
+    {
+        QStringList parts = pattern.split(u'/');
+        QString const last = parts.takeLast();
+        QStringList folders = {pattern.startsWith(u'/') ? u"/"_s : QString()};
+        for (QString const& part : parts) {
+            QStringList next;
+            for (QString const& folder : folders)
+                next << (part.isEmpty() ? QStringList(folder)
+                                        : fitting(folder, part, &Folder::Entry::isFolder));
+            folders = next;
+        }
+        for (QString const& folder : folders) {
+            for (QString const& path : fitting(folder, last, &Folder::Entry::isFile))
+                inputs.push_back({path});
+        }
+        if (inputs.empty())
+            return {{pattern, {}, Text::tr("no file fits the pattern"), "missing"_L1}};
+        return std::move(inputs);
     }
-    QStringList files;
-    for (QString const& folder : folders)
-        files << entriesLike(folder, last, QDir::Files);
-    return files;
-}
+
+private:
+    QStringList fitting(QString const& folder, QString const& part, bool Folder::Entry::*kind)
+    {
+        if (!isPattern(part)) {
+            QString const path = joined(folder, part);
+            return QFileInfo::exists(path) ? QStringList(path) : QStringList();
+        }
+        QString const place = folder.isEmpty() ? u"."_s : folder;
+        Folder const found = folderAt(place);
+        if (!found.problem.isEmpty() && QFileInfo(place).isDir())
+            inputs.push_back({place, {}, found.problem, found.problemCode});
+        QRegularExpression const names(QRegularExpression::wildcardToRegularExpression(part),
+                                       QRegularExpression::CaseInsensitiveOption);
+        QStringList paths;
+        for (Folder::Entry const& entry : found.entries) {
+            if (entry.*kind && names.match(entry.name).hasMatch())
+                paths << joined(folder, entry.name);
+        }
+        return paths;
+    }
+
+    QString pattern;
+    std::vector<Input> inputs;
+};
 
 std::vector<Input> expanded(QString const& argument, QStringList const& suffixes)
 {
     QFileInfo const info(argument);
     if (info.isDir())
-        return filesBelow(argument, suffixes);
-    std::vector<Input> inputs;
-    if (!info.exists() && isPattern(argument)) {
-        for (QString const& path : filesLike(argument))
-            if (QFileInfo(path).isFile())
-                inputs.push_back({path, {}});
-    }
-    return inputs.empty() ? std::vector{Input{argument, {}}} : inputs;
+        return FolderSearch(argument, suffixes).run();
+    return !info.exists() && isPattern(argument) ? PatternSearch(argument).run()
+                                                 : std::vector{Input{argument}};
 }
 
 } // namespace
@@ -88,6 +141,10 @@ std::vector<Input> inputsIn(std::vector<std::string> const& arguments, QStringLi
     QSet<QString> known;
     for (std::string const& argument : arguments) {
         for (Input& input : expanded(QDir::cleanPath(QString::fromStdString(argument)), suffixes)) {
+            if (input.problem.isEmpty() && !whyNoFileName(input.path).isEmpty()) {
+                input.problem = whyNoFileName(input.path);
+                input.problemCode = "undecodable-name"_L1;
+            }
             if (!known.contains(input.path))
                 inputs.push_back(input);
             known.insert(input.path);
@@ -96,20 +153,12 @@ std::vector<Input> inputsIn(std::vector<std::string> const& arguments, QStringLi
     return inputs;
 }
 
-QStringList filesIn(std::vector<std::string> const& arguments, QStringList const& suffixes)
-{
-    QStringList files;
-    for (Input const& input : inputsIn(arguments, suffixes))
-        files << input.path;
-    return files;
-}
-
-QStringList filesIn(std::vector<std::string> const& arguments)
+std::vector<Input> inputsIn(std::vector<std::string> const& arguments)
 {
     QStringList suffixes;
     for (Format const& format : formats())
         suffixes << split(format.suffixes);
-    return filesIn(arguments, suffixes);
+    return inputsIn(arguments, suffixes);
 }
 
 } // namespace tool

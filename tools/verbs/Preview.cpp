@@ -7,6 +7,7 @@
 #include "output/BytesFile.h"
 #include "preview/Loader.h"
 #include "preview/Sheet.h"
+#include "texture/MissingLibraries.h"
 #include "texture/Png.h"
 #include "verbs/Choices.h"
 
@@ -78,13 +79,14 @@ ExitCode load(QString const& path, preview::Model& model, Console& console)
 {
     if (QString const problem = whyNotRegular(path); !problem.isEmpty())
         return fail(ExitCode::ReadOrWriteFailed, path, problem, console);
-    if (preview::load(path, model))
+    if (preview::load(path, model)) {
+        warnOfMissingLibraries(path, console);
         return ExitCode::Ok;
+    }
     if (Interrupt::flag())
         return ExitCode::Interrupted;
-    Inspection const inspection = inspectFile(path);
-    if (inspection.code != ExitCode::Ok)
-        return fail(inspection.code, path, inspection.problem, console);
+    if (Problem const problem = refusalOf(path))
+        return reported(problem, path, console);
     return fail(ExitCode::ReadOrWriteFailed, path, Text::tr("could not be read"), console);
 }
 
