@@ -7,7 +7,8 @@ namespace tool {
 class Console;
 
 /// While it lives, what the library logs is shown on the console: warnings and worse as
-/// "surfaceio: warning: ...", the rest as notes. One at a time.
+/// "surfaceio: warning: ...", the rest as notes. What names functions of the library is said in other words.
+/// One at a time.
 class LogToConsole
 {
 public:

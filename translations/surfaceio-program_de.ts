@@ -2785,5 +2785,9 @@
         <source>no file fits the pattern</source>
         <translation>keine Datei passt zum Muster</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; stands where a number is expected, and is read as 0</source>
+        <translation>„%1“ steht, wo eine Zahl erwartet wird, und wird als 0 gelesen</translation>
+    </message>
 </context>
 </TS>

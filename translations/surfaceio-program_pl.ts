@@ -2819,5 +2819,9 @@
         <source>no file fits the pattern</source>
         <translation>żaden plik nie pasuje do wzorca</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; stands where a number is expected, and is read as 0</source>
+        <translation>„%1” stoi tam, gdzie oczekiwano liczby, i jest czytane jako 0</translation>
+    </message>
 </context>
 </TS>

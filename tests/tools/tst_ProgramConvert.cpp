@@ -155,6 +155,7 @@ private Q_SLOTS:
             "vertices lose their colours: a file of the kind \"mesh array record\" holds none");
         row("library.obj", "out.ply",
             "library.obj: the material library \"Library.mtl\" does not exist; is it \"library.mtl\"\\?");
+        row("image.obj", "out.ply", "the image \".*/gone.png\" does not exist");
     }
 
     void losses()
@@ -166,6 +167,9 @@ private Q_SLOTS:
         write(u"subtag.stl"_s, binaryStl(stlFacet(0, 0, -1)));
         write(u"text.stl"_s, "solid a\nvertex 0 0 0\nvertex 1 0 0\nvertex 0 1 0\nendsolid\n");
         write(u"library.mtl"_s, "newmtl a\n");
+        write(u"image.mtl"_s, "newmtl a\nmap_Kd gone.png\n");
+        write(u"image.obj"_s,
+              "mtllib image.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nvt 0 0\nusemtl a\nf 1/1 2/1 3/1\n");
         write(u"library.obj"_s, "mtllib Library.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
         write(u"colours.ply"_s,
               "ply\nformat binary_little_endian 1.0\nelement vertex 3\nproperty float x\nproperty float y\n"
@@ -178,7 +182,15 @@ private Q_SLOTS:
                   QByteArray("\3\0\0\0\0\1\0\0\0\2\0\0\0", 13));
         verify(convert({in, out, u"--strict"_s}), warning.isEmpty() ? 0 : 5, {}, warning);
         verify(convert({in, u"none-"_s + out, u"--texture"_s, u"none"_s}), 0, {},
-               in.endsWith("obj"_L1) ? QString() : warning);
+               in == "library.obj"_L1 ? QString() : warning);
+    }
+
+    void wordsThatAreNoNumbers()
+    {
+        write(u"a.obj"_s, "v 0 0 0\nv 1 0 0\nv 0 0,5 \"\nv 0 1 0\nf 1 2 4\n");
+        verify(convert({u"a.obj"_s, u"out.ply"_s, u"--strict"_s}), 5, {},
+               u"surfaceio: warning: \"0,5\" stands where a number is expected, and is read as 0\n"
+               "surfaceio: warning: \".*\" stands where a number is expected, and is read as 0\n"_s);
     }
 
     void ontoItselfWithForce()
