@@ -17,6 +17,9 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src" "${PROJECT_BINARY_DIR}/src/inhouse")
 set(debian_version "${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}")
+# The first version with another interface, as HACKING.md has it; ~ sorts before everything of that version.
+math(EXPR next_minor "${PROJECT_VERSION_MINOR} + 1")
+set(debian_next_interface "${PROJECT_VERSION_MAJOR}.${next_minor}~")
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libsurfaceio0)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)

@@ -27,5 +27,11 @@ for file in usr/bin/surfaceio "usr/lib/*/libsurfaceio.so.0" "usr/lib/*/libsurfac
         failed=1
     fi
 done
+# Another minor version is another interface, which the SONAME does not say.
+IFS=. read -r major minor _ < <(dpkg-deb -f "$folder"/libsurfaceio0_*.deb Version)
+if dpkg-deb -I "$folder"/libsurfaceio0_*.deb shlibs | grep -vF " (<< $major.$((minor + 1))~)"; then
+    echo "shlibs of libsurfaceio0 accepts another interface"
+    failed=1
+fi
 lintian --fail-on error "$folder"/*.deb || failed=1
 exit $failed

@@ -41,7 +41,8 @@ def library_problems(source, version, texts):
     shlibs = (source / "packaging/shlibs.in").read_text(encoding="utf-8")
     names = {name for text in texts.values() for name in re.findall(r"OUTPUT_NAME (\S+)[^)]*SOVERSION", text)}
     major = version.split(".")[0]
-    wanted = {f"lib{name} {major} libsurfaceio{major} (>= @debian_version@)" for name in names}
+    package = f"libsurfaceio{major}"
+    wanted = {f"lib{name} {major} {package} (>= @debian_version@), {package} (<< @debian_next_interface@)" for name in names}
     if not names or set(shlibs.splitlines()) != wanted:
         yield f"packaging/shlibs.in has {shlibs.splitlines()}, expected {sorted(wanted)}"
 
