@@ -29,7 +29,8 @@ constexpr std::array rows = {
         QT_TRANSLATE_NOOP("Text", "The following arguments were not expected: %1")},
     Row{"(.+): (\\d+) required (.+) missing", QT_TRANSLATE_NOOP("Text", "%1: %2 required %3 missing")},
     Row{"(.+): (.*) not in \\{(.*)\\}", QT_TRANSLATE_NOOP("Text", "%1: %2 not in {%3}")},
-    Row{"(.+): Value (.+) not in range (.+)", QT_TRANSLATE_NOOP("Text", "%1: Value %2 not in range %3")},
+    Row{"(.+): Value (.*) not in range (\\S+) to (\\S+)",
+        QT_TRANSLATE_NOOP("Text", "%1: Value %2 not in range %3 to %4")},
     Row{"Could not convert: (.+) = (.*)", QT_TRANSLATE_NOOP("Text", "Could not convert: %1 = %2")},
     Row{"(.+): Should be true/false or a number",
         QT_TRANSLATE_NOOP("Text", "%1: Should be true/false or a number")},
@@ -47,8 +48,10 @@ QString filled(QString const& text, QStringList const& words)
         return text.arg(words[0]);
     case 2:
         return text.arg(words[0], words[1]);
-    default:
+    case 3:
         return text.arg(words[0], words[1], words[2]);
+    default:
+        return text.arg(words[0], words[1], words[2], words[3]);
     }
 }
 

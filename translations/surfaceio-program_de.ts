@@ -40,10 +40,6 @@
         <translation>%1: %2 ist nicht unter {%3}</translation>
     </message>
     <message>
-        <source>%1: Value %2 not in range %3</source>
-        <translation>%1: der Wert %2 liegt nicht im Bereich %3</translation>
-    </message>
-    <message>
         <source>Could not convert: %1 = %2</source>
         <translation>Kann nicht umgewandelt werden: %1 = %2</translation>
     </message>
@@ -2788,6 +2784,14 @@
     <message>
         <source>&quot;%1&quot; stands where a number is expected, and is read as 0</source>
         <translation>„%1“ steht, wo eine Zahl erwartet wird, und wird als 0 gelesen</translation>
+    </message>
+    <message>
+        <source>%1: Value %2 not in range %3 to %4</source>
+        <translation>%1: der Wert %2 liegt nicht im Bereich %3 bis %4</translation>
+    </message>
+    <message>
+        <source>expected a whole number from 0 to %1</source>
+        <translation>erwartet wurde eine ganze Zahl von 0 bis %1</translation>
     </message>
 </context>
 </TS>

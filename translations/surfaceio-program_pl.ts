@@ -40,10 +40,6 @@
         <translation>%1: %2 nie należy do {%3}</translation>
     </message>
     <message>
-        <source>%1: Value %2 not in range %3</source>
-        <translation>%1: wartość %2 nie mieści się w zakresie %3</translation>
-    </message>
-    <message>
         <source>Could not convert: %1 = %2</source>
         <translation>Nie można przekształcić: %1 = %2</translation>
     </message>
@@ -2822,6 +2818,14 @@
     <message>
         <source>&quot;%1&quot; stands where a number is expected, and is read as 0</source>
         <translation>„%1” stoi tam, gdzie oczekiwano liczby, i jest czytane jako 0</translation>
+    </message>
+    <message>
+        <source>%1: Value %2 not in range %3 to %4</source>
+        <translation>%1: wartość %2 nie mieści się w zakresie od %3 do %4</translation>
+    </message>
+    <message>
+        <source>expected a whole number from 0 to %1</source>
+        <translation>oczekiwano liczby całkowitej od 0 do %1</translation>
     </message>
 </context>
 </TS>

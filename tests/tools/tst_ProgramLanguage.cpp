@@ -195,6 +195,39 @@ private Q_SLOTS:
                  u"surfaceio: Brakuje: FILE\nsurfaceio: zobacz „surfaceio info --help”\n"_s);
     }
 
+    void valuesOutOfRange_data()
+    {
+        QTest::addColumn<Variables>("language");
+        QTest::addColumn<QString>("option");
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("sentence");
+        QTest::newRow("range, German")
+            << german << u"--facets"_s << u"3"_s << u"der Wert 3 liegt nicht im Bereich 500 bis 40000000"_s;
+        QTest::newRow("range, Polish") << polish << u"--facets"_s << u"3"_s
+                                       << u"wartość 3 nie mieści się w zakresie od 500 do 40000000"_s;
+        QTest::newRow("a value like a place")
+            << german << u"--facets"_s << u"%3 to %4"_s
+            << u"der Wert %3 to %4 liegt nicht im Bereich 500 bis 40000000"_s;
+        QTest::newRow("no value") << german << u"--facets"_s << u""_s
+                                  << u"der Wert  liegt nicht im Bereich 500 bis 40000000"_s;
+        QTest::newRow("seed, German") << german << u"--seed"_s << u"-4"_s
+                                      << u"erwartet wurde eine ganze Zahl von 0 bis 9223372036854775807"_s;
+        QTest::newRow("seed, Polish") << polish << u"--seed"_s << u"-4"_s
+                                      << u"oczekiwano liczby całkowitej od 0 do 9223372036854775807"_s;
+    }
+
+    void valuesOutOfRange()
+    {
+        QFETCH(Variables, language);
+        QFETCH(QString, option);
+        QFETCH(QString, value);
+        QFETCH(QString, sentence);
+        auto const outcome = runProgramIn(language, {u"sample"_s, u"s.stl"_s, option, value});
+        QCOMPARE(outcome.exitCode, 2);
+        QCOMPARE(QString::fromUtf8(outcome.standardError).section(u'\n', 0, 0),
+                 u"surfaceio: "_s + option + u": "_s + sentence);
+    }
+
     // No line of any help was forgotten.
     void help_data()
     {

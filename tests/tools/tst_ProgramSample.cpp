@@ -160,10 +160,14 @@ private Q_SLOTS:
         row("no name", {}, 2, "surfaceio: OUT is required\n.*");
         row("no suffix", {u"s"_s}, 2, "surfaceio: s: expected one of the suffixes \\.stl, .*\n");
         row("unknown suffix", {u"s.doc"_s}, 2, "surfaceio: s.doc: expected one of the suffixes .*\n");
-        row("too few", {u"s.stl"_s, u"--facets"_s, u"499"_s}, 2, "surfaceio: --facets: .*499.*\n.*");
+        row("too few", {u"s.stl"_s, u"--facets"_s, u"499"_s}, 2,
+            "surfaceio: --facets: Value 499 not in range 500 to 40000000\n.*");
         row("too many", {u"s.stl"_s, u"--facets"_s, u"40000001"_s}, 2, "surfaceio: --facets: .*\n.*");
         row("no number", {u"s.stl"_s, u"--facets"_s, u"many"_s}, 2, "surfaceio: .*--facets.*\n.*");
-        row("negative seed", {u"s.stl"_s, u"--seed"_s, u"-1"_s}, 2, "surfaceio: .*--seed.*\n.*");
+        for (QString const& seed : {u"-1"_s, u"0.5"_s, u"some"_s, u""_s, u"9223372036854775808"_s})
+            row(qPrintable(u"seed \"%1\""_s.arg(seed)), {u"s.stl"_s, u"--seed"_s, seed}, 2,
+                "surfaceio: --seed: expected a whole number from 0 to 9223372036854775807\n"
+                "surfaceio: see \"surfaceio sample --help\"\n");
         row("no such folder", {u"no/s.stl"_s}, 1,
             "surfaceio: no/s.stl: the folder \".*/no\" does not exist\n");
     }

@@ -79,6 +79,7 @@ private Q_SLOTS:
              {"A subcommand is required", "FILE is required", "The following argument was not expected: --x",
               "The following arguments were not expected: %1 %2", "--size: 1 required INT missing",
               "--color: red not in {auto,always,never}", "--size: Value 5 not in range 16 to 4096",
+              "--size: Value %3 not in range 16 to 4096", "--size: Value  not in range 16 to 4096",
               "Could not convert: --size = %2", "--json: Should be true/false or a number",
               "--directory requires --to", "--a excludes --b",
               "expected IN and OUT, or --to SUFFIX for several files; found 3 files", ""})

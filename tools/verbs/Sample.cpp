@@ -13,6 +13,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace tool {
@@ -85,6 +87,19 @@ ExitCode run(Options const& options, Console& console)
     return problem.isEmpty() ? ExitCode::Ok : ExitCode::ReadOrWriteFailed;
 }
 
+// CLI11's own check names the largest double as a bound, in 300 digits, and its conversion takes what is too
+// large for the largest seed.
+std::string wrongSeed(std::string const& text)
+{
+    bool isNumber = false;
+    qint64 const seed = QByteArray::fromStdString(text).toLongLong(&isNumber, 0);
+    if (isNumber && seed >= 0)
+        return {};
+    return Text::tr("expected a whole number from 0 to %1")
+        .arg(std::numeric_limits<qint64>::max())
+        .toStdString();
+}
+
 Verb::Action setUp(CLI::App& app)
 {
     auto const options = std::make_shared<Options>();
@@ -94,7 +109,7 @@ Verb::Action setUp(CLI::App& app)
         ->check(CLI::Range(sample::Options::fewestFacets, sample::Options::mostFacets))
         ->capture_default_str();
     app.add_option("--seed", options->seed, Text::utf8("Another seed gives another mouth"))
-        ->check(CLI::NonNegativeNumber)
+        ->check(wrongSeed, "")
         ->capture_default_str();
     app.add_flag("--force", options->force, Text::utf8("Replace OUT when it exists"));
     return [options](Console& console) { return run(*options, console); };
