@@ -918,10 +918,6 @@
         <translation>Wenn gesetzt und nicht leer, sind Meldungen nicht farbig, außer mit --color always.</translation>
     </message>
     <message>
-        <source>The language of messages and help: German, Polish, or else English. Numbers are the same in every language, and with --json everything is in English.</source>
-        <translation>Die Sprache der Meldungen und der Hilfe: Deutsch, Polnisch oder sonst Englisch. Zahlen sind in jeder Sprache gleich, und mit --json ist alles auf Englisch.</translation>
-    </message>
-    <message>
         <source>OPTIONS</source>
         <translation>OPTIONEN</translation>
     </message>
@@ -2792,6 +2788,10 @@
     <message>
         <source>expected a whole number from 0 to %1</source>
         <translation>erwartet wurde eine ganze Zahl von 0 bis %1</translation>
+    </message>
+    <message>
+        <source>The language of messages and help: German, Polish, or else English. Numbers are the same in every language, and with --json the results and their sentences are in English.</source>
+        <translation>Die Sprache der Meldungen und der Hilfe: Deutsch, Polnisch oder sonst Englisch. Zahlen sind in jeder Sprache gleich, und mit --json sind die Ergebnisse und die Sätze darin auf Englisch.</translation>
     </message>
 </context>
 </TS>

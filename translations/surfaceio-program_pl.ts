@@ -936,10 +936,6 @@
         <translation>Gdy jest ustawiona i niepusta, komunikaty nie są kolorowane, chyba że podano --color always.</translation>
     </message>
     <message>
-        <source>The language of messages and help: German, Polish, or else English. Numbers are the same in every language, and with --json everything is in English.</source>
-        <translation>Język komunikatów i pomocy: niemiecki, polski albo angielski. Liczby są w każdym języku takie same, a z --json wszystko jest po angielsku.</translation>
-    </message>
-    <message>
         <source>OPTIONS</source>
         <translation>OPCJE</translation>
     </message>
@@ -2826,6 +2822,10 @@
     <message>
         <source>expected a whole number from 0 to %1</source>
         <translation>oczekiwano liczby całkowitej od 0 do %1</translation>
+    </message>
+    <message>
+        <source>The language of messages and help: German, Polish, or else English. Numbers are the same in every language, and with --json the results and their sentences are in English.</source>
+        <translation>Język komunikatów i pomocy: niemiecki, polski albo angielski. Liczby są w każdym języku takie same, a z --json wyniki i zawarte w nich zdania są po angielsku.</translation>
     </message>
 </context>
 </TS>

@@ -190,9 +190,13 @@ private Q_SLOTS:
         QCOMPARE(QString::fromUtf8(outcome.standardError),
                  u"surfaceio: --color: red ist nicht unter {auto,always,never}\n"
                  "surfaceio: siehe „surfaceio info --help“\n"_s);
-        auto const missing = runProgramIn(polish, {u"info"_s});
-        QCOMPARE(QString::fromUtf8(missing.standardError),
-                 u"surfaceio: Brakuje: FILE\nsurfaceio: zobacz „surfaceio info --help”\n"_s);
+        // A command line without results has no JSON.
+        for (QStringList const& arguments : {QStringList{u"info"_s}, QStringList{u"info"_s, u"--json"_s}}) {
+            auto const missing = runProgramIn(polish, arguments);
+            QCOMPARE(missing.standardOutput, QByteArray());
+            QCOMPARE(QString::fromUtf8(missing.standardError),
+                     u"surfaceio: Brakuje: FILE\nsurfaceio: zobacz „surfaceio info --help”\n"_s);
+        }
     }
 
     void valuesOutOfRange_data()

@@ -154,7 +154,8 @@ QString environment()
                bold(u"LANGUAGE"_s) + u", "_s + bold(u"LC_ALL"_s) + u", "_s + bold(u"LC_MESSAGES"_s) +
                    u", "_s + bold(u"LANG"_s),
                Text::tr("The language of messages and help: German, Polish, or else English. Numbers are the "
-                        "same in every language, and with --json everything is in English."));
+                        "same in every language, and with --json the results and their sentences are in "
+                        "English."));
 }
 
 } // namespace
