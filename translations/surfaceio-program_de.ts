@@ -299,7 +299,7 @@
     </message>
     <message>
         <source>nothing for a scan, which is a sheet; close the surface before printing</source>
-        <translation>nichts bei einem Scan, der ein offenes Blatt ist; vor dem Drucken die Oberfläche schließen</translation>
+        <translation>bei einem Scan, der eine offene Fläche ist, ist nichts zu tun; vor dem Drucken die Oberfläche schließen</translation>
     </message>
     <message>
         <source>read the file without tags, or clear the words: surfaceio tags relabel FILE &apos;*=0/0&apos; -o OUT</source>
@@ -307,11 +307,11 @@
     </message>
     <message>
         <source>nothing: readers drop facets with two equal corners</source>
-        <translation>nichts: beim Lesen fallen Facetten mit zwei gleichen Ecken weg</translation>
+        <translation>nichts zu tun: beim Lesen fallen Facetten mit zwei gleichen Ecken weg</translation>
     </message>
     <message>
         <source>nothing for viewing; remesh before a simulation</source>
-        <translation>nichts zum Ansehen; vor einer Simulation neu vernetzen</translation>
+        <translation>zum Ansehen ist nichts zu tun; vor einer Simulation neu vernetzen</translation>
     </message>
     <message>
         <source>export as binary PLY; mesh editors do when they save the file</source>
@@ -427,7 +427,7 @@
     </message>
     <message>
         <source>nothing; its images are not read</source>
-        <translation>nichts; seine Bilder werden nicht gelesen</translation>
+        <translation>nichts zu tun; seine Bilder werden nicht gelesen</translation>
     </message>
     <message>
         <source>name the image in the header: comment TextureFile NAME</source>
@@ -455,7 +455,7 @@
     </message>
     <message>
         <source>list each face of the outer surface once among the bound faces</source>
-        <translation>jede Fläche der äußeren Oberfläche einmal unter den gebundenen aufführen</translation>
+        <translation>jede Fläche der äußeren Oberfläche einmal unter den Randflächen aufführen</translation>
     </message>
     <message>
         <source>the body has a gap, or parts of it touch in an edge only</source>
@@ -520,8 +520,8 @@
     <message numerus="yes">
         <source>%n vert(ex|ices) with a NaN or an infinity</source>
         <translation>
-            <numerusform>%n Eckpunkt mit einem NaN oder einem Unendlich</numerusform>
-            <numerusform>%n Eckpunkte mit einem NaN oder einem Unendlich</numerusform>
+            <numerusform>%n Eckpunkt mit NaN oder unendlichen Koordinaten</numerusform>
+            <numerusform>%n Eckpunkte mit NaN oder unendlichen Koordinaten</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -740,15 +740,15 @@
     </message>
     <message>
         <source>%1 face rows have a tetrahedron on one side only, but there are %2 bound-face rows</source>
-        <translation>%1 Flächenzeilen haben nur auf einer Seite ein Tetraeder, es gibt aber %2 Zeilen gebundener Flächen</translation>
+        <translation>%1 Flächenzeilen haben nur auf einer Seite ein Tetraeder, es gibt aber %2 Randflächenzeilen</translation>
     </message>
     <message>
         <source>%1 of %2 edges of the boundary do not join exactly two bound faces</source>
-        <translation>%1 von %2 Kanten des Randes verbinden nicht genau zwei gebundene Flächen</translation>
+        <translation>%1 von %2 Kanten des Randes verbinden nicht genau zwei Randflächen</translation>
     </message>
     <message>
         <source>%1 of %2 points have a NaN or an infinity</source>
-        <translation>%1 von %2 Punkten haben ein NaN oder ein Unendlich</translation>
+        <translation>%1 von %2 Punkten haben NaN oder unendliche Koordinaten</translation>
     </message>
     <message>
         <source>: there is not enough memory for it</source>
@@ -1325,11 +1325,11 @@
     </message>
     <message>
         <source>ambient colour</source>
-        <translation>ambiente Farbe</translation>
+        <translation>Umgebungsfarbe</translation>
     </message>
     <message>
         <source>ambient intensity</source>
-        <translation>ambiente Intensität</translation>
+        <translation>Umgebungsintensität</translation>
     </message>
     <message>
         <source>diffuse intensity</source>
@@ -1337,11 +1337,11 @@
     </message>
     <message>
         <source>specular colour</source>
-        <translation>spiegelnde Farbe</translation>
+        <translation>Glanzfarbe</translation>
     </message>
     <message>
         <source>specular intensity</source>
-        <translation>spiegelnde Intensität</translation>
+        <translation>Glanzintensität</translation>
     </message>
     <message>
         <source>emissive colour</source>
@@ -1602,7 +1602,7 @@
     </message>
     <message>
         <source>bound-face rows</source>
-        <translation>Zeilen gebundener Flächen</translation>
+        <translation>Randflächenzeilen</translation>
     </message>
     <message>
         <source>points</source>
@@ -2351,7 +2351,7 @@
     </message>
     <message>
         <source>bound-face row %1 of %2, five integers with single blanks between</source>
-        <translation>Zeile gebundener Fläche %1 von %2, fünf ganze Zahlen mit einzelnen Leerzeichen dazwischen</translation>
+        <translation>Randflächenzeile %1 von %2, fünf ganze Zahlen mit einzelnen Leerzeichen dazwischen</translation>
     </message>
     <message>
         <source>a header with &quot;# Labeled&quot;</source>
@@ -2359,7 +2359,7 @@
     </message>
     <message>
         <source>four counts (tetrahedra, faces, bound faces, points) that the file can hold</source>
-        <translation>vier Anzahlen (Tetraeder, Flächen, gebundene Flächen, Punkte), die die Datei enthalten kann</translation>
+        <translation>vier Anzahlen (Tetraeder, Flächen, Randflächen, Punkte), die die Datei enthalten kann</translation>
     </message>
     <message>
         <source>the file ends before line 4: expected the number of conditions</source>
@@ -2383,11 +2383,11 @@
     </message>
     <message>
         <source>a bound-face row refers to tetrahedron %1, of %2</source>
-        <translation>eine Zeile gebundener Flächen bezieht sich auf Tetraeder %1, von %2</translation>
+        <translation>eine Randflächenzeile bezieht sich auf Tetraeder %1, von %2</translation>
     </message>
     <message>
         <source>a bound-face row refers to point %1, of %2</source>
-        <translation>eine Zeile gebundener Flächen bezieht sich auf Punkt %1, von %2</translation>
+        <translation>eine Randflächenzeile bezieht sich auf Punkt %1, von %2</translation>
     </message>
     <message>
         <source>File to write, .vmesh</source>
@@ -2411,7 +2411,7 @@
     </message>
     <message>
         <source>Makes the face and bound-face rows of a volume mesh anew.</source>
-        <translation>Macht die Zeilen der Flächen und der gebundenen Flächen eines Volumennetzes neu.</translation>
+        <translation>Macht die Flächen- und Randflächenzeilen eines Volumennetzes neu.</translation>
     </message>
     <message>
         <source>A volume mesh</source>

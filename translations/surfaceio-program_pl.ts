@@ -301,7 +301,7 @@
     </message>
     <message>
         <source>nothing for a scan, which is a sheet; close the surface before printing</source>
-        <translation>nic w przypadku skanu, który jest otwartą powierzchnią; przed drukiem zamknij powierzchnię</translation>
+        <translation>w przypadku skanu, który jest otwartą powierzchnią, nie trzeba nic robić; przed drukiem zamknij powierzchnię</translation>
     </message>
     <message>
         <source>read the file without tags, or clear the words: surfaceio tags relabel FILE &apos;*=0/0&apos; -o OUT</source>
@@ -309,11 +309,11 @@
     </message>
     <message>
         <source>nothing: readers drop facets with two equal corners</source>
-        <translation>nic: przy czytaniu ścianki z dwoma jednakowymi narożnikami są pomijane</translation>
+        <translation>nie trzeba nic robić: przy czytaniu ścianki z dwoma jednakowymi narożnikami są pomijane</translation>
     </message>
     <message>
         <source>nothing for viewing; remesh before a simulation</source>
-        <translation>nic do oglądania; przed symulacją utwórz siatkę od nowa</translation>
+        <translation>do oglądania nie trzeba nic robić; przed symulacją utwórz siatkę od nowa</translation>
     </message>
     <message>
         <source>export as binary PLY; mesh editors do when they save the file</source>
@@ -429,7 +429,7 @@
     </message>
     <message>
         <source>nothing; its images are not read</source>
-        <translation>nic; jego obrazy nie są czytane</translation>
+        <translation>nie trzeba nic robić; jego obrazy nie są czytane</translation>
     </message>
     <message>
         <source>name the image in the header: comment TextureFile NAME</source>
@@ -522,9 +522,9 @@
     <message numerus="yes">
         <source>%n vert(ex|ices) with a NaN or an infinity</source>
         <translation>
-            <numerusform>%n wierzchołek z NaN lub nieskończonością</numerusform>
-            <numerusform>%n wierzchołki z NaN lub nieskończonością</numerusform>
-            <numerusform>%n wierzchołków z NaN lub nieskończonością</numerusform>
+            <numerusform>%n wierzchołek o współrzędnych nieskończonych lub NaN</numerusform>
+            <numerusform>%n wierzchołki o współrzędnych nieskończonych lub NaN</numerusform>
+            <numerusform>%n wierzchołków o współrzędnych nieskończonych lub NaN</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -765,7 +765,7 @@
     </message>
     <message>
         <source>%1 of %2 points have a NaN or an infinity</source>
-        <translation>punkty z NaN lub nieskończonością: %1 z %2</translation>
+        <translation>punkty o współrzędnych nieskończonych lub NaN: %1 z %2</translation>
     </message>
     <message>
         <source>: there is not enough memory for it</source>
@@ -1009,7 +1009,7 @@
     </message>
     <message>
         <source>vertices not finite</source>
-        <translation>wierzchołki nieskończone</translation>
+        <translation>wierzchołki o współrzędnych nieskończonych lub NaN</translation>
     </message>
     <message>
         <source>bounding box (mm)</source>
@@ -2213,7 +2213,7 @@
     </message>
     <message>
         <source>the %1 &quot;%2&quot; is stored as &quot;%3&quot;</source>
-        <translation>%1 „%2” zostaje zapisane jako „%3”</translation>
+        <translation>%1: „%2” zapisano jako „%3”</translation>
     </message>
     <message>
         <source>expected a single line</source>
