@@ -5,7 +5,8 @@
 
 #include <QString>
 
-/// Writes a mesh in one call, choosing the format by the ending of the path. Stateless.
+/// Writes a mesh in one call, choosing the format by the ending of the path. Stateless: any thread, any
+/// number at a time on different files.
 class SURFACEIO_EXPORT MeshWriter
 {
 public:
@@ -15,8 +16,8 @@ public:
     static bool write(QString const& path, geometry::Mesh const& mesh);
 
     /// Writes a mesh array record (see `MeshReader::read`): `vertices` and `normals` hold 3 * `numVertices`
-    /// floats, `indices` `numIndices` ints. False when the file cannot be opened or there is no memory for
-    /// the first block.
+    /// floats, `indices` `numIndices` ints; the arrays stay the caller's and are not changed. False when the
+    /// file cannot be opened or there is no memory for the first block. A full disk is not noticed.
     static bool write(QString const& path, int numVertices, float* vertices, float* normals, int numIndices,
                       int* indices);
 };

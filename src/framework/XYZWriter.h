@@ -6,7 +6,7 @@
 #include <QString>
 #include <QVector3D>
 
-/// Writes a list of points as XYZ text.
+/// Writes a list of points as XYZ text. Stateless: any thread, any number at a time on different files.
 class SURFACEIO_EXPORT XYZWriter
 {
 public:
@@ -14,6 +14,6 @@ public:
     /// a line feed at the end. No header. Millimetres in, the same numbers out.
     ///
     /// The file is created or truncated first. False when it cannot be opened, and for an empty list, which
-    /// leaves an empty file behind.
+    /// leaves an empty file behind. A full disk is not noticed.
     static bool write(QString const& path, QList<QVector3D> const& points);
 };

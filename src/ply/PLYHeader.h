@@ -11,7 +11,7 @@
 #include <utility>
 
 /// What the header of a PLY file says: the encoding, the counts, and the properties of each element in the
-/// order in which the body stores their values. A value type.
+/// order in which the body stores their values. A value type; one thread at a time.
 class SURFACEIO_EXPORT PLYHeader
 {
 public:
