@@ -3,13 +3,15 @@
 //     example_area FILE
 #include "framework/MeshReader.h"
 
+#include <QFile>
+
 #include <cstdio>
 
 int main(int argc, char** argv)
 {
     if (argc != 2)
         return 2;
-    QString const path = QString::fromUtf8(argv[1]);
+    QString const path = QFile::decodeName(argv[1]);
 
     utility::Optional<geometry::Mesh> const mesh = MeshReader::read(path); // its suffix says how
     if (!mesh)
