@@ -104,6 +104,32 @@ private Q_SLOTS:
         QVERIFY(outcome.standardOutput.contains("\napplication/x-surfaceio-vmesh:*.vmesh\n"));
     }
 
+    void languagesOfTheDesktop_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("english");
+        QTest::addColumn<QString>("translated");
+        QString const metainfo = u"org.surfaceio.SurfaceIO.metainfo.xml"_s;
+        QTest::newRow("kinds of files")
+            << u"surfaceio.mime.xml"_s << u"<comment>"_s << u"<comment xml:lang=\"%1\">"_s;
+        QTest::newRow("summary") << metainfo << u"<summary>"_s << u"<summary xml:lang=\"%1\">"_s;
+        QTest::newRow("description") << metainfo << u"<p>"_s << u"<p xml:lang=\"%1\">"_s;
+        QTest::newRow("name") << u"surfaceio.desktop"_s << u"\nGenericName="_s << u"\nGenericName[%1]="_s;
+        QTest::newRow("comment") << u"surfaceio.desktop"_s << u"\nComment="_s << u"\nComment[%1]="_s;
+    }
+
+    void languagesOfTheDesktop()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, english);
+        QFETCH(QString, translated);
+        QString const text = QString::fromUtf8(
+            support::readFile(QStringLiteral(SURFACEIO_SOURCE) + u"/tools/desktop/"_s + file));
+        QVERIFY(text.contains(english));
+        for (QString const& language : {u"de"_s, u"pl"_s})
+            QCOMPARE(text.count(translated.arg(language)), text.count(english));
+    }
+
     // As a file manager runs it.
     void thumbnailer()
     {
