@@ -315,7 +315,7 @@ int main(int argc, char** argv)
     if (argc != 2)
         return EXIT_FAILURE;
     for (int const rows : {50, 100}) {
-        Input const input(QString::fromLocal8Bit(argv[1]), rows);
+        Input const input(QFile::decodeName(argv[1]), rows);
         for (Row const& row : input.rows())
             if (!count(row, input.elements())) {
                 std::fprintf(stderr, "%s failed\n", row.name);

@@ -107,9 +107,9 @@ int run(std::vector<Contender> const& contenders, int argc, char** argv)
     auto const isAsked = [&](Contender const& one) { return std::strcmp(one.row, argv[1]) == 0; };
     auto const found = std::find_if(contenders.begin(), contenders.end(), isAsked);
     Measured measured;
-    bool const success =
-        found != contenders.end() &&
-        measureFor(found->prepare(QString::fromLocal8Bit(argv[2])), std::atof(argv[3]), measured);
+    double const milliseconds = QByteArray(argv[3]).toDouble();
+    bool const success = found != contenders.end() &&
+                         measureFor(found->prepare(QFile::decodeName(argv[2])), milliseconds, measured);
     return success ? report(measured, found->lacks) : EXIT_FAILURE;
 }
 

@@ -43,7 +43,8 @@ std::optional<Size> writeFresh(QString const& folder, QByteArray const& bytes)
 geometry::Mesh readPly(QByteArray const& bytes)
 {
     auto const countBehind = [&](char const* text) {
-        return std::atoi(bytes.constData() + bytes.indexOf(text) + std::strlen(text));
+        qsizetype const first = bytes.indexOf(text) + static_cast<qsizetype>(std::strlen(text));
+        return bytes.mid(first, bytes.indexOf('\n', first) - first).toInt();
     };
     geometry::Mesh mesh;
     mesh.vertices.resize(countBehind("element vertex "));

@@ -12,8 +12,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <cstring>
+#include <initializer_list>
 #include <memory>
 #include <random>
 
@@ -95,12 +95,15 @@ private:
         writeTagged(QStringLiteral("alternating.stl"), facets / 10, 2);
     }
 
-    static void append(QByteArray& text, char const* format, float a, float b, float c)
+    // The numbers with six decimals, or six digits in the format 'g', and single spaces between them.
+    static void append(QByteArray& text, QByteArray before, char format, std::initializer_list<float> numbers,
+                       char const* after)
     {
-        std::array<char, 128> line;
-        int const length = std::snprintf(line.data(), line.size(), format, static_cast<double>(a),
-                                         static_cast<double>(b), static_cast<double>(c));
-        text.append(line.data(), length);
+        for (float const number : numbers) {
+            text += before + QByteArray::number(static_cast<double>(number), format, 6);
+            before = " ";
+        }
+        text += after;
     }
 
     void makeAscii() const
@@ -109,10 +112,10 @@ private:
         for (qint64 i = 0; i < facets; ++i) {
             std::array<float, 12> numbers;
             std::memcpy(&numbers, scan.constData() + headerBytes + i * facetBytes, sizeof(numbers));
-            append(text, "  facet normal %e %e %e\n    outer loop\n", numbers[0], numbers[1], numbers[2]);
+            append(text, "  facet normal ", 'e', {numbers[0], numbers[1], numbers[2]}, "\n    outer loop\n");
             for (std::size_t corner = 3; corner < 12; corner += 3)
-                append(text, "      vertex %e %e %e\n", numbers[corner], numbers[corner + 1],
-                       numbers[corner + 2]);
+                append(text, "      vertex ", 'e',
+                       {numbers[corner], numbers[corner + 1], numbers[corner + 2]}, "\n");
             text += "    endloop\n  endfacet\n";
         }
         write(QStringLiteral("ascii.stl"), text + "endsolid scan\n");
@@ -130,7 +133,7 @@ private:
     {
         QByteArray text;
         for (QVector3D const& vertex : mesh.vertices)
-            append(text, "v %.6f %.6f %.6f\n", vertex.x(), vertex.y(), vertex.z());
+            append(text, "v ", 'f', {vertex.x(), vertex.y(), vertex.z()}, "\n");
         return text;
     }
 
@@ -152,8 +155,10 @@ private:
     {
         QByteArray text;
         for (QVector3D const& vertex : mesh.vertices)
-            append(text, "vt %.6f %.6f\n", vertex.x() / 100.0f - std::floor(vertex.x() / 100.0f),
-                   vertex.y() / 100.0f - std::floor(vertex.y() / 100.0f), 0.0f);
+            append(text, "vt ", 'f',
+                   {vertex.x() / 100.0f - std::floor(vertex.x() / 100.0f),
+                    vertex.y() / 100.0f - std::floor(vertex.y() / 100.0f)},
+                   "\n");
         return text;
     }
 
@@ -164,7 +169,7 @@ private:
         write(QStringLiteral("positions.obj"), positions + faceLines(plain, 0, facets));
         QByteArray normals;
         for (QVector3D const& normal : mesh.normals)
-            append(normals, "vn %.6f %.6f %.6f\n", normal.x(), normal.y(), normal.z());
+            append(normals, "vn ", 'f', {normal.x(), normal.y(), normal.z()}, "\n");
         // One coordinate more than there are positions: the lists are not taken as they are.
         QByteArray const coordinates = coordinateLines() + "vt 0.5 0.5\n";
         auto const split = [](int index) {
@@ -247,7 +252,7 @@ private:
         text += QByteArray::number(volume.numPoints) + '\n';
         float const* point = volume.points.data();
         for (int i = 0; i < volume.numPoints; ++i, point += 3)
-            append(text, "%g %g %g 0\n", point[0], point[1], point[2]);
+            append(text, {}, 'g', {point[0], point[1], point[2]}, " 0\n");
         text += meditRows("Triangles", volume.faces.data() + 2, volume.numFaces, 5, 3);
         text += meditRows("Tetrahedra", volume.tetrahedra.data(), volume.numTetrahedra, 4, 4);
         return text + "End\n";
@@ -297,6 +302,6 @@ int main(int argc, char** argv)
 {
     if (argc != 3)
         return 2;
-    Maker(QString::fromLocal8Bit(argv[1]), std::atoi(argv[2])).makeAll();
+    Maker(QFile::decodeName(argv[1]), QByteArray(argv[2]).toInt()).makeAll();
     return 0;
 }

@@ -88,7 +88,8 @@ auto write(char const* suffix, bool (*writing)(std::string const&, Mesh const&))
         auto mesh = std::make_shared<Mesh>();
         readPly(pathOf(folder, "scan.ply"), *mesh);
         return [=, count = 0]() mutable -> std::optional<Size> {
-            std::string const path = pathOf(folder, "out.cgal") + std::to_string(count++) + suffix;
+            std::string const path =
+                pathOf(folder, "out.cgal") + QByteArray::number(count++).toStdString() + suffix;
             return writing(path, *mesh) ? std::optional(sizeOf(*mesh)) : std::nullopt;
         };
     };

@@ -54,7 +54,8 @@ auto writeRow(char const* suffix, Options options)
         read(pathOf(folder, "scan.ply"), *mesh,
              Options::Binary | Options::VertexNormal | Options::VertexColor);
         return [=, count = 0]() mutable -> std::optional<Size> {
-            std::string const path = pathOf(folder, "out.openmesh") + std::to_string(count++) + suffix;
+            std::string const path =
+                pathOf(folder, "out.openmesh") + QByteArray::number(count++).toStdString() + suffix;
             return OpenMesh::IO::write_mesh(*mesh, path, options) ? std::optional(sizeOf(*mesh))
                                                                   : std::nullopt;
         };

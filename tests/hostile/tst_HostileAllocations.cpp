@@ -6,6 +6,7 @@
 #include "hostile/Messages.h"
 #include "hostile/Subjects.h"
 
+#include <QFile>
 #include <QTest>
 
 #include <cstdio>
@@ -66,9 +67,9 @@ QString nameOf(void* frame)
     Dl_info info = {};
     if (::dladdr(frame, &info) == 0 || !info.dli_fname)
         return u"?"_s;
-    QString const file = QString::fromLocal8Bit(info.dli_fname);
+    QString const file = QFile::decodeName(info.dli_fname);
     return file.mid(file.lastIndexOf(u'/') + 1) + u':' +
-           QString::fromLocal8Bit(info.dli_sname ? info.dli_sname : "?");
+           QString::fromLatin1(info.dli_sname ? info.dli_sname : "?");
 }
 
 // The frames of Qt between the end of the process and ourselves, innermost first; "ours" when there is none.

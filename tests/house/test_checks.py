@@ -47,23 +47,42 @@ class Includes(unittest.TestCase):
 
 
 class Sources(unittest.TestCase):
-    def hits(self, text, patterns):
+    def hits(self, text, patterns, exempt=()):
         with tempfile.TemporaryDirectory() as folder:
             root = pathlib.Path(folder)
             (root / "src").mkdir()
             (root / "src" / "a.cpp").write_text(text, encoding="utf-8")
             saved, check_sources.ROOT = check_sources.ROOT, root
             try:
-                return len(check_sources.find(["src"], patterns, "why"))
+                return len(check_sources.find(["src"], patterns, "why", exempt)) + len(check_sources.stale(exempt))
             finally:
                 check_sources.ROOT = saved
 
     def test_locale(self):
-        for text in ("strtod(a, b);", "std::stof(a);", "printf(\"%f\", x);", "QLocale().toFloat(a);",
-                     "QLocale::system().toFloat(a);"):
+        for text in ("strtod(a, b);", "std::stof(a);", "QLocale().toFloat(a);", "QLocale::system().toFloat(a);",
+                     "std::ostringstream a;", "std::stringstream a;", "std::ifstream a(b);", "std::cout << a;"):
             self.assertEqual(self.hits(text, check_sources.LOCALE), 1, text)
-        for text in ("std::from_chars(a, b, c);", "text.toFloat(&ok);", "QLocale::c()", "QLocale::system().uiLanguages()", "// printf(x)"):
+        for text in ("std::from_chars(a, b, c);", "text.toFloat(&ok);", "QLocale::c()", "QLocale::system().uiLanguages()", "// std::stof(x)",
+                     "QTextStream a;", "std::istream& a"):
             self.assertEqual(self.hits(text, check_sources.LOCALE), 0, text)
+
+    def test_printf(self):
+        words = ("printf(\"%s: %d of %5lld\\n\", a, b, c);", "std::fprintf(stderr, \"100 %%\");", "snprintf(a, b, \"%zu\", c);")
+        floats = ("printf(\"%f\", x);", "std::fprintf(stderr,\n    \"%s %-5.3g\", a, b);", "snprintf(a, b, format, c);",
+                  "printf(\"%Le\", x);")
+        for text in words + floats:
+            self.assertEqual(self.hits(text, [check_sources.PRINTF]), 1, text)
+        for text in words:
+            self.assertEqual(self.hits(text, [check_sources.PRINTF_OF_FLOATS]), 0, text)
+        for text in floats:
+            self.assertEqual(self.hits(text, [check_sources.PRINTF_OF_FLOATS]), 1, text)
+
+    def test_exemptions(self):
+        exempt = {("src/a.cpp", "std::ofstream"): "why"}
+        self.assertEqual(self.hits("std::ofstream a;", check_sources.LOCALE, exempt), 0)
+        self.assertEqual(self.hits("std::ofstream a; std::cout << a;", check_sources.LOCALE, exempt), 1)
+        self.assertEqual(self.hits("", check_sources.LOCALE, exempt), 1)
+        self.assertEqual(self.hits("", check_sources.LOCALE, {("src/b.cpp", "std::ofstream"): "why"}), 1)
 
     def test_process(self):
         self.assertEqual(self.hits("std::thread t;", check_sources.PROCESS), 1)

@@ -14,7 +14,6 @@ namespace support {
 namespace {
 
 constexpr int patienceInMs = 60'000;
-constexpr char const* programPath = SURFACEIO_PROGRAM;
 
 constexpr std::array languageVariables = {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"};
 
@@ -30,7 +29,7 @@ Outcome run(QString const& command, QStringList const& arguments, QString const&
             QProcessEnvironment environment = usualEnvironment())
 {
     QProcess process;
-    environment.insert(u"SURFACEIO"_s, QString::fromLocal8Bit(programPath));
+    environment.insert(u"SURFACEIO"_s, programFile());
     environment.remove(u"NO_COLOR"_s);
     process.setProcessEnvironment(environment);
     if (!folder.isEmpty())
@@ -47,12 +46,12 @@ Outcome run(QString const& command, QStringList const& arguments, QString const&
 
 QString programFile()
 {
-    return QString::fromLocal8Bit(programPath);
+    return QStringLiteral(SURFACEIO_PROGRAM);
 }
 
 Outcome runProgram(QStringList const& arguments, QString const& folder)
 {
-    return run(QString::fromLocal8Bit(programPath), arguments, folder);
+    return run(programFile(), arguments, folder);
 }
 
 Outcome runProgramIn(Variables const& language, QStringList const& arguments, QString const& folder)
@@ -62,7 +61,7 @@ Outcome runProgramIn(Variables const& language, QStringList const& arguments, QS
         environment.remove(QString::fromLatin1(name));
     for (auto const& [name, value] : language)
         environment.insert(name, value);
-    return run(QString::fromLocal8Bit(programPath), arguments, folder, environment);
+    return run(programFile(), arguments, folder, environment);
 }
 
 Outcome runShell(QString const& command, QString const& folder)
