@@ -46,15 +46,24 @@ install(FILES
   "${PROJECT_BINARY_DIR}/SurfaceIOConfig.cmake" "${PROJECT_BINARY_DIR}/SurfaceIOConfigVersion.cmake"
   DESTINATION "${package_dir}" COMPONENT development)
 
-# Relocatable: the prefix is found from where the .pc file lies. A replaced in-house library has its own
-# .pc file, or none.
-set(SURFACEIO_PC_REQUIRES "${SURFACEIO_INHOUSE_PKGCONFIG}")
+# Relocatable: the prefix is found from where the .pc file lies, unless that is a fixed place. A replaced
+# in-house library has its own .pc file, or none.
+set(SURFACEIO_PC_REQUIRES "Qt6Core >= 6.4, Qt6Gui >= 6.4")
+if(SURFACEIO_INHOUSE_PKGCONFIG)
+  string(APPEND SURFACEIO_PC_REQUIRES ", ${SURFACEIO_INHOUSE_PKGCONFIG}")
+endif()
 set(SURFACEIO_PC_INHOUSE "")
 if(TARGET surfaceio_inhouse)
   set(SURFACEIO_PC_INHOUSE "-lsurfaceio-inhouse")
 endif()
-file(RELATIVE_PATH SURFACEIO_PC_PREFIX
-  "${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+set(SURFACEIO_PC_PREFIX "${CMAKE_INSTALL_PREFIX}")
+if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+  file(RELATIVE_PATH SURFACEIO_PC_PREFIX "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+  string(PREPEND SURFACEIO_PC_PREFIX "\${pcfiledir}/")
+endif()
+# Behind the prefix, or instead of it when it is absolute.
+cmake_path(APPEND SURFACEIO_PC_LIBDIR "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
+cmake_path(APPEND SURFACEIO_PC_INCLUDEDIR "\${prefix}" "${CMAKE_INSTALL_INCLUDEDIR}" surfaceio)
 configure_file("${CMAKE_CURRENT_LIST_DIR}/surfaceio.pc.in" "${PROJECT_BINARY_DIR}/surfaceio.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/surfaceio.pc"
   DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
