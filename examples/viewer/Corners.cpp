@@ -18,12 +18,26 @@ QColor unpacked(unsigned int colour)
     return QColor(int(colour & 0xff), int(colour >> 8 & 0xff), int(colour >> 16 & 0xff));
 }
 
-Corner cornerOf(Part const& part, int index, QVector3D const& flat)
+// What the triangle itself says, for a corner of which the mesh says less.
+struct Face
+{
+    QVector3D normal;
+    QColor colour;
+};
+
+QColor colourOf(Part const& part, int index, Face const& face)
+{
+    if (face.colour.isValid())
+        return face.colour;
+    return index < part.mesh.colors.size() ? unpacked(part.mesh.colors[index]) : part.colour;
+}
+
+Corner cornerOf(Part const& part, int index, Face const& face)
 {
     geometry::Mesh const& mesh = part.mesh;
     QVector3D const& p = mesh.vertices[index];
-    QVector3D const n = index < mesh.normals.size() ? mesh.normals[index] : flat;
-    QColor const c = index < mesh.colors.size() ? unpacked(mesh.colors[index]) : part.colour;
+    QVector3D const n = index < mesh.normals.size() ? mesh.normals[index] : face.normal;
+    QColor const c = colourOf(part, index, face);
     QVector2D const uv =
         index < mesh.textureCoordinates.size() ? mesh.textureCoordinates[index] : QVector2D();
     return {
@@ -37,10 +51,22 @@ bool isDrawable(geometry::Mesh const& mesh, int const* corner)
     });
 }
 
+std::vector<Corner> pointsOf(Part const& part)
+{
+    std::vector<Corner> points;
+    for (int i = 0; i < part.mesh.getNumVertices(); ++i) {
+        if (isFinite(part.mesh.vertices[i]))
+            points.push_back(cornerOf(part, i, {}));
+    }
+    return points;
+}
+
 } // namespace
 
 std::vector<Corner> cornersOf(Part const& stripped)
 {
+    if (stripped.mesh.indices.isEmpty())
+        return pointsOf(stripped);
     Part part = stripped;
     part.mesh = geometry::unstrip(part.mesh);
     geometry::Mesh const& mesh = part.mesh;
@@ -49,10 +75,11 @@ std::vector<Corner> cornersOf(Part const& stripped)
         int const* const triangle = mesh.indices.constData() + i;
         if (!isDrawable(mesh, triangle))
             continue;
-        QVector3D const flat = QVector3D::normal(mesh.vertices[triangle[0]], mesh.vertices[triangle[1]],
-                                                 mesh.vertices[triangle[2]]);
+        Face const face = {QVector3D::normal(mesh.vertices[triangle[0]], mesh.vertices[triangle[1]],
+                                             mesh.vertices[triangle[2]]),
+                           part.faceColours.value(i / 4)};
         for (int k = 0; k < 3; ++k)
-            corners.push_back(cornerOf(part, triangle[k], flat));
+            corners.push_back(cornerOf(part, triangle[k], face));
     }
     return corners;
 }

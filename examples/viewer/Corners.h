@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// One corner of a triangle, as the graphics card gets it.
+/// One corner of a triangle, or a point, as the graphics card gets it.
 struct Corner
 {
     float position[3];
@@ -16,8 +16,8 @@ struct Corner
     float coordinate[2];
 };
 
-/// The triangles of a part, three corners each. Those that name vertices which are not there are left out;
-/// without normals each triangle gets its own.
+/// The triangles of a part, three corners each; of one without triangles the points. Those that name vertices
+/// which are not there are left out; without normals each triangle gets its own, a point none.
 std::vector<Corner> cornersOf(Part const& part);
 
 /// A box along the axes; empty until something was added.

@@ -6,6 +6,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString noteOf(QString const& name, QString const& value)
+{
+    if (name == u"imported")
+        return name + (value == u"1" ? u": yes"_s : u": no"_s);
+    return name + u": "_s + value;
+}
+
 // framework/ScanMetadata.h has the table of these places.
 QStringList notesOfStl(QByteArray const& header)
 {
@@ -15,13 +22,16 @@ QStringList notesOfStl(QByteArray const& header)
         int offset;
         int bytes;
     };
-    constexpr Field fields[] = {
-        {"scanner"_L1, 2, 20}, {"serial"_L1, 22, 24}, {"software"_L1, 47, 20}, {"acquired"_L1, 67, 10}};
+    constexpr Field fields[] = {{"scanner name"_L1, 2, 20},
+                                {"scanner serial"_L1, 22, 24},
+                                {"imported"_L1, 46, 1},
+                                {"software version"_L1, 47, 20},
+                                {"acquisition date"_L1, 67, 10}};
     QStringList notes;
     for (Field const& field : fields) {
         QString const value = QString::fromUtf8(header.mid(field.offset, field.bytes)).trimmed();
         if (!value.isEmpty())
-            notes << field.name + u": "_s + value;
+            notes << noteOf(field.name, value);
     }
     return notes;
 }
@@ -35,8 +45,11 @@ QStringList notesOfPly(QFile& file)
         QByteArray const text = file.readLine(longestLine).trimmed();
         if (text == "end_header")
             break;
-        if (text.startsWith("comment "))
-            notes << QString::fromUtf8(text.mid(8));
+        if (!text.startsWith("comment "))
+            continue;
+        QString const comment = QString::fromUtf8(text.mid(8));
+        qsizetype const colon = comment.indexOf(u": "_s);
+        notes << (colon < 0 ? comment : noteOf(comment.left(colon), comment.mid(colon + 2)));
     }
     return notes;
 }

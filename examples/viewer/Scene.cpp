@@ -2,11 +2,14 @@
 
 #include "ScanNotes.h"
 #include "framework/MeshReader.h"
+#include "inhouse/data/Unstrip.h"
 #include "obj/OBJReader.h"
 #include "ply/PLYReader.h"
+#include "scene/AssociatedShapesXMLReader.h"
 #include "scene/ShapeNodeIOHelper.h"
 #include "stl/STLReader.h"
 #include "stl/STLTagHandler.h"
+#include "vmesh/FaceRows.h"
 #include "vmesh/MTModelVMeshParser.h"
 
 #include <QFileInfo>
@@ -41,10 +44,10 @@ Scene loadStl(QString const& path)
         return scene;
     QList<STLSurfaceData*> const surfaces = reader.takeSTLSurfaceDataSets();
     if (surfaces.isEmpty()) // an ASCII file has no tags, and its surface stays with the reader
-        scene.parts.push_back({reader.getMesh(), Part().colour, {}});
+        scene.parts.push_back({reader.getMesh()});
     for (STLSurfaceData* const data : surfaces) {
         std::unique_ptr<STLSurfaceData> const surface(data);
-        Part part{surface->getMesh(), Part().colour, {}};
+        Part part{surface->getMesh()};
         if (surfaces.size() > 1)
             part.colour = colourOfTag(surface->getTag(), surface->getSubTag());
         scene.notes << u"tag %1.%2: %3 triangles"_s.arg(surface->getTag())
@@ -65,10 +68,28 @@ Scene withTexture(SurfaceReader& reader, QString const& path)
     return scene;
 }
 
+Scene loadCloud(QString const& path)
+{
+    PLYReader reader(PLYReader::PointCloudMode);
+    reader.setFileName(path);
+    Scene scene;
+    if (!reader.read(never))
+        return scene;
+    geometry::PointCloud const& cloud = reader.getPointCloud();
+    scene.parts.push_back({geometry::Mesh(cloud.positions, {}, cloud.normals, cloud.colors())});
+    return scene;
+}
+
+// What is no mesh of triangles shows its points.
 Scene loadPly(QString const& path)
 {
     PLYReader reader(PLYReader::MeshMode);
-    return withTexture(reader, path);
+    reader.activeFaceColorMode(true);
+    Scene scene = withTexture(reader, path);
+    if (scene.parts.empty())
+        return loadCloud(path);
+    scene.parts.front().faceColours = reader.getFaceColors();
+    return scene;
 }
 
 Scene loadObj(QString const& path)
@@ -77,26 +98,48 @@ Scene loadObj(QString const& path)
     return withTexture(reader, path);
 }
 
+void addShape(geometry::Mesh const& mesh, QString const& name, Scene& scene)
+{
+    scene.parts.push_back({mesh, colourOfTag(int(scene.parts.size()), 0)});
+    scene.notes << u"shape %1"_s.arg(name);
+}
+
 void addNode(geometry::ShapeNode const& root, Scene& scene)
 {
     std::vector<geometry::ShapeNode const*> open = {&root}; // trees may be deeper than the stack
     while (!open.empty()) {
         geometry::ShapeNode const& node = *open.back();
         open.pop_back();
-        if (geometry::Shape const* const shape = node.getShape()) {
-            scene.parts.push_back({shape->getMesh(), colourOfTag(int(scene.parts.size()), 0), {}});
-            scene.notes << u"shape %1"_s.arg(node.getName());
-        }
+        if (geometry::Shape const* const shape = node.getShape())
+            addShape(shape->getMesh(), node.getName(), scene);
         for (auto const& child : node.getChildren())
             open.push_back(child.get());
     }
 }
 
+// The file holds a tree, or a single shape. Nothing in it says which, and a shape may pass for a tree of
+// none.
 Scene loadTree(QString const& path)
 {
     Scene scene;
     if (auto const tree = ShapeNodeIOHelper::read(path, QVersionNumber(1, 0), false))
         addNode(*tree, scene);
+    if (!scene.parts.empty())
+        return scene;
+    if (auto const shape = ShapeNodeIOHelper::readShape(path))
+        addShape(shape->getMesh(), u"1"_s, scene);
+    return scene;
+}
+
+// The meshes that a document lists, as those of a distractor.
+Scene loadShapes(QString const& path)
+{
+    AssociatedShapesXMLReader reader;
+    Scene scene;
+    if (!reader.read(path))
+        return scene;
+    for (geometry::Mesh const& mesh : reader.takeMeshes())
+        addShape(mesh, QString::number(scene.parts.size() + 1), scene);
     return scene;
 }
 
@@ -107,7 +150,9 @@ Scene loadVolume(QString const& path)
     Scene scene;
     if (!parser.read())
         return scene;
-    MTModelVMesh const volume = parser.getVMesh();
+    MTModelVMesh volume = parser.getVMesh();
+    if (volume.numBoundFaces == 0)
+        deriveFaceRows(volume);
     geometry::Mesh mesh;
     for (qint64 i = 0; i < volume.numPoints; ++i) {
         float const* const point = volume.points.data() + 3 * i;
@@ -118,7 +163,7 @@ Scene loadVolume(QString const& path)
         mesh.indices << row[2] << row[3] << row[4] << -1;
     }
     scene.notes << u"%1 tetrahedra"_s.arg(volume.numTetrahedra);
-    scene.parts.push_back({mesh, Part().colour, {}});
+    scene.parts.push_back({mesh});
     return scene;
 }
 
@@ -141,8 +186,22 @@ Scene loadRecord(QString const& path)
         mesh.normals << QVector3D(normals[3 * i], normals[3 * i + 1], normals[3 * i + 2]);
     }
     mesh.indices = QList<int>(indices, indices + indexCount);
-    scene.parts.push_back({mesh, Part().colour, {}});
+    scene.parts.push_back({mesh});
     return scene;
+}
+
+QStringList countsOf(Scene const& scene)
+{
+    qsizetype triangles = 0;
+    qsizetype points = 0;
+    for (Part const& part : scene.parts) {
+        triangles += geometry::unstrip(part.mesh).indices.size() / 4;
+        points += part.mesh.indices.isEmpty() ? part.mesh.vertices.size() : 0;
+    }
+    QStringList counts(u"%1 triangles"_s.arg(triangles));
+    if (points > 0)
+        counts << u"%1 points"_s.arg(points);
+    return counts;
 }
 
 } // namespace
@@ -150,17 +209,13 @@ Scene loadRecord(QString const& path)
 Scene loadScene(QString const& path)
 {
     static QHash<QString, std::function<Scene(QString const&)>> const loaders = {
-        {u"stl"_s, loadStl},        {u"ply"_s, loadPly},      {u"obj"_s, loadObj},
-        {u"shapetree"_s, loadTree}, {u"vmesh"_s, loadVolume}, {u"array"_s, loadRecord},
+        {u"stl"_s, loadStl},        {u"ply"_s, loadPly},    {u"obj"_s, loadObj},
+        {u"shapetree"_s, loadTree}, {u"xml"_s, loadShapes}, {u"vmesh"_s, loadVolume},
+        {u"array"_s, loadRecord},
     };
     auto const loader = loaders.find(QFileInfo(path).suffix().toLower());
     Scene scene = loader == loaders.end() ? Scene() : (*loader)(path);
-    qsizetype triangles = 0;
-    for (Part const& part : scene.parts)
-        triangles += part.mesh.indices.count(-1);
-    if (!scene.parts.empty()) {
-        scene.notes.prepend(u"%1 triangles"_s.arg(triangles));
-        scene.notes << notesOfScanner(path);
-    }
+    if (!scene.parts.empty())
+        scene.notes = countsOf(scene) + scene.notes + notesOfScanner(path);
     return scene;
 }

@@ -24,6 +24,7 @@ constexpr char const* vertexShader = R"(
         direction = (view * vec4(normal, 0.0)).xyz;
         shade = colour;
         place = coordinate;
+        gl_PointSize = 4.0;
         gl_Position = projection * view * vec4(position, 1.0);
     })";
 constexpr char const* fragmentShader = R"(
@@ -34,11 +35,14 @@ constexpr char const* fragmentShader = R"(
     varying mediump vec2 place;
     void main() {
         mediump vec4 base = textured ? texture2D(image, place) : shade;
-        mediump float facing = abs(normalize(direction).z);
+        mediump float size = length(direction); // points may have no normal
+        mediump float facing = size > 0.0 ? abs(direction.z) / size : 1.0;
         gl_FragColor = vec4(base.rgb * (0.3 + 0.7 * facing), 1.0);
     })";
 constexpr char const* attributes[] = {"position", "normal", "colour", "coordinate"};
 constexpr double mostRise = 89.9;
+// OpenGL ES, where shaders always set the size of points, has no name for it.
+constexpr GLenum pointSizeByShader = 0x8642;
 
 } // namespace
 
@@ -83,6 +87,8 @@ void Viewport::initializeGL()
     for (int i = 0; i < int(std::size(attributes)); ++i)
         program.bindAttributeLocation(attributes[i], i);
     program.link();
+    if (!context()->isOpenGLES())
+        glEnable(pointSizeByShader);
 }
 
 void Viewport::upload()
@@ -99,6 +105,7 @@ void Viewport::fill(Batch& batch, Part const& part)
 {
     std::vector<Corner> const corners = cornersOf(part);
     batch.corners = int(corners.size());
+    batch.kind = part.mesh.indices.isEmpty() ? GL_POINTS : GL_TRIANGLES;
     batch.array.create();
     QOpenGLVertexArrayObject::Binder const bound(&batch.array);
     batch.buffer.create();
@@ -165,7 +172,7 @@ void Viewport::paintGL()
         program.setUniformValue("textured", bool(batch->texture));
         if (batch->texture)
             batch->texture->bind(0);
-        glDrawArrays(GL_TRIANGLES, 0, batch->corners);
+        glDrawArrays(batch->kind, 0, batch->corners);
     }
     program.release();
 }

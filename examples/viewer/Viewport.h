@@ -43,6 +43,7 @@ private:
         QOpenGLBuffer buffer;
         std::unique_ptr<QOpenGLTexture> texture;
         int corners = 0;
+        GLenum kind = GL_TRIANGLES;
     };
 
     void upload();

@@ -1,4 +1,5 @@
-// Shows a file of any format that the library reads in a window: drag to turn it, wheel to zoom.
+// Shows what is in a file in a window, in any format from which the library reads a surface or points: drag
+// to turn it, wheel to zoom.
 //
 //     example_viewer FILE [--picture PICTURE.png]
 //
@@ -53,7 +54,7 @@ public:
         QMenu* const menu = menuBar()->addMenu(tr("&File"));
         menu->addAction(tr("&Open..."), QKeySequence::Open, this, [this] {
             QString const path = QFileDialog::getOpenFileName(
-                this, {}, {}, tr("Surfaces (*.stl *.ply *.obj *.vmesh *.shapetree *.array)"));
+                this, {}, {}, tr("Surfaces (*.stl *.ply *.obj *.vmesh *.shapetree *.xml *.array)"));
             if (!path.isEmpty())
                 open(path);
         });
