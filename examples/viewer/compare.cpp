@@ -1,7 +1,10 @@
-// Compares two pictures of one model on a light background, loosely: each is cut to the model, and what
-// is model in one has to be model in the other almost everywhere.
+// Compares two pictures of one model on a light background, loosely: each is cut to the model and laid out in
+// coarse cells. What is model in one has to be model in the other almost everywhere, and of about the
+// same hue, however bright the light makes it.
 //
 //     viewer_compare ONE.png OTHER.png
+//
+// Ends with 0 when they are alike, 1 when the outlines differ, 3 when only the colours do.
 #include <QColor>
 #include <QFile>
 #include <QImage>
@@ -9,13 +12,18 @@
 #include <QPoint>
 #include <QRect>
 #include <QTextStream>
+#include <QVector2D>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
 
-constexpr int side = 64;
+constexpr int side = 48;
+constexpr int differentOutline = 1;
+constexpr int wrongUse = 2;
+constexpr int differentColours = 3;
 
 // Darker or more coloured than the background, which is what the corner shows.
 bool isModel(QImage const& image, int x, int y)
@@ -51,33 +59,56 @@ QList<QPoint> largestArea(QImage const& image)
     return largest;
 }
 
-QImage cutToModel(QImage const& image)
+// A pixel for each cell: the mean colour of the model there, as opaque as the model covers the cell.
+QImage cellsOf(QImage const& image)
 {
     QRect box;
-    QImage mask(image.size(), QImage::Format_Grayscale8);
-    mask.fill(Qt::white);
+    QImage model(image.size(), QImage::Format_ARGB32_Premultiplied);
+    model.fill(Qt::transparent);
     for (QPoint const& at : largestArea(image)) {
         box |= QRect(at, at);
-        mask.setPixelColor(at, Qt::black);
+        model.setPixelColor(at, image.pixelColor(at));
     }
-    return box.isEmpty() ? QImage()
-                         : mask.copy(box).scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return box.isEmpty()
+               ? QImage()
+               : model.copy(box).scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-// The share of pixels that are model in both among those that are in either.
-double overlap(QImage const& a, QImage const& b)
+bool isCovered(QImage const& cells, int cell)
+{
+    constexpr int half = 128;
+    return qAlpha(cells.pixel(cell % side, cell / side)) >= half;
+}
+
+// Hue as direction and saturation as length: grey is zero. Brightness plays no part.
+QVector2D tint(QImage const& cells, int cell)
+{
+    QColor const colour = cells.pixelColor(cell % side, cell / side);
+    float const angle = colour.hsvHueF() * 2 * float(M_PI);
+    return colour.hsvSaturationF() * QVector2D(std::cos(angle), std::sin(angle));
+}
+
+struct Likeness
 {
     int both = 0;
     int either = 0;
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x) {
-            bool const inA = qGray(a.pixel(x, y)) < 128;
-            bool const inB = qGray(b.pixel(x, y)) < 128;
-            both += inA && inB;
-            either += inA || inB;
-        }
+    double tints = 0;
+
+    double overlap() const { return double(both) / std::max(1, either); }
+    double meanTint() const { return tints / std::max(1, both); }
+};
+
+Likeness likenessOf(QImage const& a, QImage const& b)
+{
+    Likeness likeness;
+    for (int cell = 0; cell < side * side; ++cell) {
+        bool const inBoth = isCovered(a, cell) && isCovered(b, cell);
+        likeness.both += inBoth;
+        likeness.either += isCovered(a, cell) || isCovered(b, cell);
+        if (inBoth)
+            likeness.tints += double((tint(a, cell) - tint(b, cell)).length());
     }
-    return either > 0 ? double(both) / either : 0;
+    return likeness;
 }
 
 } // namespace
@@ -85,15 +116,19 @@ double overlap(QImage const& a, QImage const& b)
 int main(int argc, char** argv)
 {
     if (argc != 3)
-        return 2;
-    QImage const one = cutToModel(QImage(QFile::decodeName(argv[1])));
-    QImage const other = cutToModel(QImage(QFile::decodeName(argv[2])));
+        return wrongUse;
+    QImage const one = cellsOf(QImage(QFile::decodeName(argv[1])));
+    QImage const other = cellsOf(QImage(QFile::decodeName(argv[2])));
     if (one.isNull() || other.isNull()) {
         QTextStream(stdout) << "there is no model to be seen\n";
-        return 1;
+        return differentOutline;
     }
-    constexpr double wanted = 0.9;
-    double const found = overlap(one, other);
-    QTextStream(stdout) << "overlap " << found << '\n';
-    return found >= wanted ? 0 : 1;
+    constexpr double leastOverlap = 0.9;
+    constexpr double mostTint = 0.08;
+    Likeness const found = likenessOf(one, other);
+    QTextStream(stdout) << "overlap " << found.overlap() << ", difference of tints " << found.meanTint()
+                        << '\n';
+    if (found.overlap() < leastOverlap)
+        return differentOutline;
+    return found.meanTint() > mostTint ? differentColours : 0;
 }
