@@ -101,6 +101,12 @@ private Q_SLOTS:
         QCOMPARE(reader.getMesh().vertices, MeshReader::read(folder->filePath(u"s.ply"_s))->vertices);
     }
 
+    void arrayHasNormals()
+    {
+        verify(sample({u"s.array"_s, u"--facets"_s, u"500"_s}), 0, {}, {});
+        QCOMPARE(runProgram({u"check"_s, u"--strict"_s, u"s.array"_s}, folder->path()).exitCode, 0);
+    }
+
     // The gum lies at the rims of the image, where it is red rather than white.
     void textureShowsTheArch()
     {

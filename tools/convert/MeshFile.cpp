@@ -5,6 +5,7 @@
 #include "framework/MeshReader.h"
 #include "framework/MeshWriter.h"
 #include "framework/XYZWriter.h"
+#include "inhouse/meshoperations/NormalsCalculator.h"
 #include "volume/BoundarySurface.h"
 #include "volume/VolumeFindings.h"
 
@@ -62,15 +63,23 @@ std::vector<float> toNumbers(QList<QVector3D> const& vectors, int count)
     numbers.reserve(3 * static_cast<std::size_t>(count));
     for (QVector3D const& vector : vectors)
         numbers.insert(numbers.end(), {vector.x(), vector.y(), vector.z()});
-    numbers.resize(3 * static_cast<std::size_t>(count)); // a mesh without normals has zeros there
+    numbers.resize(3 * static_cast<std::size_t>(count));
     return numbers;
+}
+
+// Every vertex has a normal in such a record; a mesh without any gets those of its facets.
+QList<QVector3D> normalsOf(geometry::Mesh const& mesh)
+{
+    if (!mesh.normals.isEmpty())
+        return mesh.normals;
+    return NormalsCalculator::computeGouraudNormals(mesh, Interrupt::flag()).normals;
 }
 
 bool writeArrayRecord(QString const& path, MeshFile const& file)
 {
     int const vertexCount = file.mesh.getNumVertices();
     std::vector<float> vertices = toNumbers(file.mesh.vertices, vertexCount);
-    std::vector<float> normals = toNumbers(file.mesh.normals, vertexCount);
+    std::vector<float> normals = toNumbers(normalsOf(file.mesh), vertexCount);
     QList<int> indices = file.mesh.indices;
     return MeshWriter::write(path, vertexCount, vertices.data(), normals.data(),
                              static_cast<int>(indices.size()), indices.data());
