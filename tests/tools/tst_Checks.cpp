@@ -96,7 +96,11 @@ private Q_SLOTS:
         row("metres", scaled(0.07f), cube.indices, {u"units-metres"_s}, "0.07 mm across; are these metres?");
         row("just millimetres", scaled(0.5f), cube.indices, {});
         row("micrometres", scaled(70000), cube.indices, {u"units-micrometres"_s},
-            "7e+04 mm across; are these micrometres?");
+            "70000 mm across; are these micrometres?");
+        row("far away", scaled(2.5e9f), cube.indices, {u"units-micrometres"_s},
+            "2500000000 mm across; are these micrometres?");
+        row("tiny", scaled(1.25e-5f), cube.indices, {u"units-metres"_s},
+            "0.0000125 mm across; are these metres?");
         row("a wall", scaled(5000), cube.indices, {});
         row("open", cube.vertices, cube.indices.mid(4), {u"open-edges"_s}, "3 edges with one facet only");
         row("twice the same facet", cube.vertices, cube.indices + cube.indices.mid(0, 4),
@@ -133,6 +137,20 @@ private Q_SLOTS:
         Findings findings;
         checkMesh(mesh, findings);
         QCOMPARE(codesOf(findings), QStringList(u"zero-normals"_s));
+    }
+
+    // The corners of a facet with a NaN have no normal for want of a place, not of an area.
+    void normalsBesideNoPlace()
+    {
+        geometry::Mesh mesh(
+            {{0, 0, 0}, {9, 0, 0}, {0, std::numeric_limits<float>::quiet_NaN(), 0}, {9, 9, 9}},
+            {0, 1, 2, -1});
+        mesh.normals = QList<QVector3D>(4);
+        Findings findings;
+        checkMesh(mesh, findings);
+        QCOMPARE(codesOf(findings),
+                 QStringList({u"nonfinite-vertices"_s, u"zero-normals"_s, u"open-edges"_s}));
+        QCOMPARE(findings.all()[1].reason, u"1 vertex without a normal"_s);
     }
 
     void stl_data()

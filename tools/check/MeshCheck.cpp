@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <numeric>
 #include <vector>
 
@@ -120,6 +121,19 @@ qint64 countDuplicates(std::vector<Facet> facets)
     return static_cast<qint64>(facets.size()) - distinct;
 }
 
+// Four digits that count, without an exponent: 70000, 0.07, 0.00007.
+QString plainNumber(double number)
+{
+    constexpr int digits = 4;
+    int const before = number > 0 ? 1 + static_cast<int>(std::floor(std::log10(number))) : 1;
+    QString text = QString::number(number, 'f', std::max(0, digits - before));
+    if (text.contains(u'.')) {
+        while (text.endsWith(u'0'))
+            text.chop(1);
+    }
+    return text.endsWith(u'.') ? text.chopped(1) : text;
+}
+
 // An arch is 50 to 80 mm wide, a head 250 mm, a tooth 5 mm.
 void checkSize(Bounds const& bounds, Findings& findings)
 {
@@ -127,7 +141,7 @@ void checkSize(Bounds const& bounds, Findings& findings)
     constexpr float largest = 5000.0f;
     QVector3D const size = bounds.size();
     float const across = std::max({size.x(), size.y(), size.z()});
-    QString const number = QString::number(static_cast<double>(across), 'g', 4);
+    QString const number = plainNumber(static_cast<double>(across));
     if (across > 0 && across < smallest)
         findings.add("units-metres"_L1, Text::tr("%1 mm across; are these metres?").arg(number));
     if (across > largest)
@@ -140,7 +154,34 @@ void addCount(QLatin1StringView code, qint64 count, char const* text, Findings& 
         findings.add(code, Text::counted(text, nullptr, count));
 }
 
-void checkVertices(geometry::Mesh const& mesh, Findings& findings)
+bool isFinite(QVector3D const& place)
+{
+    return std::isfinite(place.x()) && std::isfinite(place.y()) && std::isfinite(place.z());
+}
+
+// Vertices without a normal whose facets all have places: nothing else gives a normal to a facet with a NaN.
+qint64 countZeroNormals(geometry::Mesh const& mesh, std::vector<Facet> const& facets)
+{
+    auto const count = static_cast<std::size_t>(std::min(mesh.normals.size(), mesh.vertices.size()));
+    auto const isPlace = [&](int vertex) { return isFinite(mesh.vertices[vertex]); };
+    std::vector<bool> isExplained(count);
+    for (std::size_t i = 0; i < count; ++i)
+        isExplained[i] = !isPlace(static_cast<int>(i));
+    for (Facet const& facet : facets) {
+        if (std::all_of(facet.begin(), facet.end(), isPlace))
+            continue;
+        for (int const corner : facet) {
+            if (static_cast<std::size_t>(corner) < count)
+                isExplained[static_cast<std::size_t>(corner)] = true;
+        }
+    }
+    qint64 zeros = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        zeros += !isExplained[i] && mesh.normals[static_cast<qsizetype>(i)].isNull();
+    return zeros;
+}
+
+void checkVertices(geometry::Mesh const& mesh, std::vector<Facet> const& facets, Findings& findings)
 {
     Bounds bounds;
     for (QVector3D const& vertex : mesh.vertices)
@@ -148,8 +189,7 @@ void checkVertices(geometry::Mesh const& mesh, Findings& findings)
     checkSize(bounds, findings);
     addCount("nonfinite-vertices"_L1, bounds.nonFiniteCount(),
              QT_TRANSLATE_N_NOOP("Text", "%n vert(ex|ices) with a NaN or an infinity"), findings);
-    auto const isNull = [](QVector3D const& normal) { return normal.isNull(); };
-    addCount("zero-normals"_L1, std::count_if(mesh.normals.begin(), mesh.normals.end(), isNull),
+    addCount("zero-normals"_L1, countZeroNormals(mesh, facets),
              QT_TRANSLATE_N_NOOP("Text", "%n vert(ex|ices) without a normal"), findings);
 }
 
@@ -181,7 +221,7 @@ void checkMesh(geometry::Mesh const& given, Findings& findings)
         findings.add("empty"_L1, Text::tr("no facets"));
         return;
     }
-    checkVertices(mesh, findings);
+    checkVertices(mesh, facets, findings);
     checkFacets(mesh, facets, findings);
 }
 
