@@ -47,6 +47,7 @@ private Q_SLOTS:
         QVERIFY(image.save(folder->filePath(u"skin.png"_s)));
         write(u"s.mtl"_s, "newmtl m\nmap_Kd skin.png\n");
         write(u"s2.mtl"_s, "newmtl m\nmap_Kd skin.png\nnewmtl n\nmap_Kd skin.png\n");
+        write(u"material.mtl"_s, "newmtl other\n");
         write(u"huge.png"_s, support::pngHeader(20000, 20000));
     }
 
@@ -95,6 +96,26 @@ private Q_SLOTS:
             "line 9: a word where a number is expected, and 1 more");
         row("tabs", corners + plainFaces + "v\t1\t2\t3\n", {u"obj-tabs"_s},
             "line 9: a tab behind the keyword");
+        row("tabs between numbers", "v 1\t2\t3\nv 1 2\t 3\nf 1\t2\t3\n", {u"obj-inner-tabs"_s},
+            "line 1: a tab between numbers, which only spaces separate (2 such lines)");
+        row("tabs in a face", corners + plainFaces + "f 1\t2\t3\n", {u"obj-inner-tabs"_s},
+            "line 9: a tab between numbers, which only spaces separate");
+        row("a tab in a number read as 0", corners + plainFaces + "v 0 9 0\t1\n",
+            {u"obj-inner-tabs"_s, u"zero-normals"_s}, "line 9: a tab between numbers");
+        row("carriage returns", QByteArray(corners + plainFaces).replace('\n', '\r'), {u"obj-line-ends"_s},
+            "line 1: a carriage return inside the line; expected line feeds at the ends of lines");
+        row("carriage returns behind a comment", "# made\r" + QByteArray(corners).replace('\n', '\r'),
+            {u"obj-line-ends"_s},
+            "line 1: a carriage return inside the line; expected line feeds at the ends of lines");
+        row("a carriage return in a comment", "# made\rby hand\r\n" + corners + plainFaces, {});
+        row("lines of another system", QByteArray(corners + plainFaces).replace("\n", "\r\n"), {});
+        row("UTF-16", QByteArray("\xFE\xFF\0v\0 \0", 7), {u"obj-utf-16"_s},
+            "is text in UTF-16; only UTF-8, Latin-1 and ASCII are read");
+        row("UTF-16 without a mark",
+            QByteArray("v\0 \0"
+                       "1\0",
+                       6),
+            {u"obj-utf-16"_s}, "is text in UTF-16; only UTF-8, Latin-1 and ASCII are read");
         row("vertex colours", QByteArray(corners + plainFaces).replace("9 0 0", "9 0 0 1 1 1"),
             {u"obj-vertex-colours"_s}, "line 2: a vertex with a colour behind its position");
         row("normals by position",
@@ -113,13 +134,18 @@ private Q_SLOTS:
             "line 13: a face shares vertices with one of another material");
         row("outside the texture", QByteArray(mapped).replace("vt 1 0", "vt 1.5 -1"),
             {u"texture-range"_s, u"texture-range"_s}, "line 7: u lies outside 0 to 1");
-        row("library missing", QByteArray(mapped).replace("s.mtl", "t.mtl"),
+        row("library missing", QByteArray(mapped).replace("s.mtl", "materiel.mtl"),
             {u"missing-library"_s, u"undefined-material"_s},
-            "line 1: the material library \"t.mtl\" does not exist; is it \"s.mtl\"?");
+            "line 1: the material library \"materiel.mtl\" does not exist; is it \"material.mtl\"?");
+        row("several libraries missing", QByteArray(mapped).replace("s.mtl", "a.mtl b.mtl c.MTL"),
+            {u"missing-library"_s, u"undefined-material"_s},
+            "line 1: the material library \"a.mtl b.mtl c.MTL\" does not exist; all of the line is taken as "
+            "one "
+            "name");
         row("undefined", QByteArray(mapped).replace("usemtl m", "usemtl ghost"),
             {u"unused-material"_s, u"undefined-material"_s}, "s.mtl, line 1: no face has the material \"m\"");
-        row("NaN", QByteArray(corners).replace("v 9", "v nan") + plainFaces,
-            {u"nonfinite-vertices"_s, u"zero-normals"_s}, "1 vertex with a NaN or an infinity");
+        row("NaN", QByteArray(corners).replace("v 9", "v nan") + plainFaces, {u"nonfinite-vertices"_s},
+            "1 vertex with a NaN or an infinity");
         row("zero normals",
             corners + "vn 0 0 0\n" +
                 QByteArray(plainFaces)
@@ -131,7 +157,7 @@ private Q_SLOTS:
         row("metres", QByteArray(corners).replace('9', "0.07") + plainFaces, {u"units-metres"_s},
             "0.07 mm across; are these metres?");
         row("micrometres", QByteArray(corners).replace('9', "70000") + plainFaces, {u"units-micrometres"_s},
-            "7e+04 mm across; are these micrometres?");
+            "70000 mm across; are these micrometres?");
         row("degenerate", corners + plainFaces + "f 1 1 2\n", {u"degenerate-facets"_s},
             "1 facet with two equal corners");
         row("twice", corners + plainFaces + "f 1 3 2\n", {u"nonmanifold-edges"_s, u"duplicate-facets"_s},
@@ -167,6 +193,18 @@ private Q_SLOTS:
         row("options", "map_Kd -o 0.5 0 -clamp on skin.png\n", {u"image-options"_s, u"library-cut"_s},
             "s.mtl, line 2: the options \"-o 0.5 0 -clamp on\" are taken as part of the name of "
             "\"skin.png\"");
+        row("colour space", "map_Kd -colorspace sRGB -o 0.1 skin.png\n",
+            {u"image-options"_s, u"library-cut"_s},
+            "s.mtl, line 2: the options \"-colorspace sRGB -o 0.1\" are taken as part of the name of "
+            "\"skin.png\"");
+        row("options behind", "map_Kd -imfchan r skin.png -bm 1.5\n", {u"image-options"_s, u"library-cut"_s},
+            "s.mtl, line 2: the options \"-imfchan r -bm 1.5\" are taken as part of the name of "
+            "\"skin.png\"");
+        row("an option that nobody knows", "map_Kd -blur 3 my skin.png\n",
+            {u"image-options"_s, u"library-cut"_s},
+            "s.mtl, line 2: the options \"-blur 3\" are taken as part of the name of \"my skin.png\"");
+        row("a name like an option", "map_Kd -occlusion.png\n", {u"missing-image"_s, u"library-cut"_s},
+            "s.mtl, line 2: the image \"-occlusion.png\" does not exist");
         row("no image", "map_Kd s.obj\n", {u"no-image"_s, u"library-cut"_s},
             "s.mtl, line 2: \"s.obj\" is no image that can be read");
         row("too large", "map_Kd huge.png\n", {u"image-limit"_s, u"library-cut"_s},
@@ -213,6 +251,12 @@ private Q_SLOTS:
             "1 texture coordinate lies outside 0 to 1");
         row("ASCII", support::plyTriangle().replace("binary_little_endian", "ascii"), {u"ply-ascii"_s},
             "is encoded in ASCII; only binary PLY is read");
+        row("carriage returns", support::plyTriangle().replace('\n', '\r'), {u"ply-line-ends"_s},
+            "the lines of the header end with carriage returns; expected line feeds");
+        row("a carriage return in the header", support::plyTriangle().replace("1.0\n", "1.0\r"),
+            {u"ply-line-ends"_s}, "the lines of the header end with carriage returns; expected line feeds");
+        row("tabs", support::plyTriangle().replace("property float x", "property\tfloat\tx"), {u"ply-tabs"_s},
+            "expected spaces between the words of the header, found a tab: \"property\\tfloat\\tx\"");
         row("quad", QByteArray(support::plyTriangle()).replace(support::plyTriangle().size() - 13, 1, "\x04"),
             {u"ply-polygons"_s}, "has a face of 4 corners; only triangles are read");
         row("cut", support::plyTriangle().chopped(30), {u"ply-size"_s});
@@ -255,8 +299,14 @@ private Q_SLOTS:
         QTest::newRow("a letter less") << u"skn.png"_s << u"skin.png"_s;
         QTest::newRow("too far") << u"tooth.tif"_s << QString();
         QTest::newRow("short and other") << u"q"_s << QString();
+        QTest::newRow("two letters, none of them there") << u"ff.png"_s << QString();
         QTest::newRow("no name") << QString() << QString();
         QTest::newRow("in the folder named") << u"deep/uppr.png"_s << u"upper.png"_s;
+        QTest::newRow("another number") << u"issue-244.png"_s << QString();
+        QTest::newRow("the same number") << u"isue-0235.png"_s << u"issue-235.png"_s;
+        QTest::newRow("a number in one of them") << u"crown_0.png"_s << u"crown.png"_s;
+        QTest::newRow("a library is no image") << u"material.png"_s << QString();
+        QTest::newRow("the scan is no image") << u"scan.png"_s << QString();
     }
 
     void nearest()
@@ -264,8 +314,21 @@ private Q_SLOTS:
         QFETCH(QString, wanted);
         QFETCH(QString, found);
         QVERIFY(QDir(folder->path()).mkpath(u"deep"_s));
-        write(u"deep/upper.png"_s, "x");
-        QCOMPARE(nearestName(folder->filePath(wanted), folder->path()), found);
+        for (QString const& name :
+             {u"deep/upper.png"_s, u"-p.png"_s, u"issue-235.png"_s, u"crown.png"_s, u"scan"_s})
+            write(name, "x");
+        QCOMPARE(nearestName(folder->filePath(wanted), folder->filePath(u"scan"_s), NamedKind::Image), found);
+    }
+
+    void nearestLibrary()
+    {
+        write(u"tooth.obj"_s, "x");
+        write(u"tooth.png"_s, "x");
+        QString const scan = folder->filePath(u"tooth.obj"_s);
+        QString const wanted = folder->filePath(u"tooth.mtl"_s);
+        QCOMPARE(nearestName(wanted, scan, NamedKind::Library), QString());
+        write(u"Tooth.MTL"_s, "x");
+        QCOMPARE(nearestName(wanted, scan, NamedKind::Library), u"Tooth.MTL"_s);
     }
 
 private:

@@ -88,6 +88,10 @@ private Q_SLOTS:
         row(u"scans/../x"_s, "text", u"unknown-format"_s);
         row(u"x.stl"_s, "short", u"stl-too-short"_s);
         row(u"x.stl"_s, binaryStl(stlFacet(0)) + ' ', u"stl-size"_s);
+        row(u"x.stl"_s, "SOLID x\n", u"stl-capital-solid"_s);
+        row(u"x.ply"_s, "\n<!DOCTYPE html>", u"web-page"_s);
+        row(u"x.array"_s, "PK\x03\x04 and more", u"archive"_s);
+        row(u"x.MSH"_s, "$MeshFormat", u"mesher-file"_s);
         row(u"x.stl"_s, binaryStl(stlFacet(0), "solid"), u"stl-says-solid"_s);
         row(u"x.stl"_s, binaryStl(stlFacet(0), "solid") + ' ', u"stl-damaged-solid"_s);
         row(u"x.stl"_s, "solid\nendsolid\n", u"stl-no-vertex"_s);
@@ -109,6 +113,58 @@ private Q_SLOTS:
         QCOMPARE(finding["code"_L1].toString(), code);
         QCOMPARE(finding["severity"_L1].toString(), u"error"_s);
         QVERIFY(!finding["remedy"_L1].toString().isEmpty());
+    }
+
+    void otherContent_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QByteArray>("finding");
+        auto const row = [](char const* title, QString const& name, QByteArray const& bytes, int exitCode,
+                            QByteArray const& finding) {
+            QTest::newRow(title) << name << bytes << exitCode << finding;
+        };
+        QByteArray const page =
+            "error: the content is that of a web page\n"
+            "    download the file again: a server sent a page in its place, to sign in or to "
+            "say why not\n";
+        row("a page", u"x.stl"_s, "<!DOCTYPE html>\n<html>" + QByteArray(100, ' '), 3, page);
+        row("a page without a document type", u"x.obj"_s, "<HTML lang=\"en\">", 3, page);
+        QByteArray const archive = "error: the content is that of an archive, ZIP or gzip\n"
+                                   "    unpack it, and take the mesh out of it\n";
+        row("ZIP", u"x.stl"_s, "PK\x03\x04" + QByteArray(100, ' '), 3, archive);
+        row("gzip", u"x.vmesh"_s, "\x1F\x8B\x08", 3, archive);
+        row("capitals", u"x.stl"_s, "SOLID x\nENDSOLID x\n", 3,
+            "error: begins with \"SOLID\"; text is known by \"solid\" in small letters, so that this counts "
+            "as "
+            "binary data\n"
+            "    write the words in small letters: readers look for \"solid\" and \"vertex\"\n");
+        row("damaged volume mesh", u"x.vmesh"_s, "junk", 3,
+            "error: line 1: expected a header with \"# Labeled\", found \"junk\"\n"
+            "    export the file again, from the program that wrote it\n");
+        row("Gmsh", u"x.msh"_s, "$MeshFormat\n", 4,
+            "error: a file of a mesher; \"surfaceio vmesh from\" makes a volume mesh of it\n"
+            "    surfaceio vmesh from FILE -o OUT.vmesh\n");
+    }
+
+    void otherContent()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, exitCode);
+        QFETCH(QByteArray, finding);
+        write(name, bytes);
+        auto const outcome = check({name});
+        QCOMPARE(outcome.exitCode, exitCode);
+        QCOMPARE(outcome.standardOutput, name.toUtf8() + ": " + finding);
+    }
+
+    // What counts as binary by its size is a mesh, whatever its header says.
+    void pageInAHeader()
+    {
+        write(u"x.stl"_s, binaryStl(stlFacet(0), "<html"));
+        QCOMPARE(check({u"x.stl"_s}).exitCode, 0);
     }
 
     void nothingFound()

@@ -162,7 +162,7 @@ private Q_SLOTS:
         row("nothing like it", square, QByteArray(library).replace("b.png", "mandible_left.tiff"), 4,
             u"s.mtl, line 4: the image \"mandible_left.tiff\" does not exist"_s);
         row("options", square, QByteArray(library).replace("b.png", "-s 1 1 1 b.png"), 4,
-            u"s.mtl, line 4: the image \"-s 1 1 1 b.png\" does not exist; the options in front of \"b.png\" "
+            u"s.mtl, line 4: the image \"-s 1 1 1 b.png\" does not exist; the options beside \"b.png\" "
             u"are "
             "taken as part of the name"_s);
         row("no image", square, QByteArray(library).replace("b.png", "s.obj"), 4,

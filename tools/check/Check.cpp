@@ -22,11 +22,7 @@ QLatin1StringView codeOf(Inspection const& inspection)
 
 void addProblem(Inspection const& inspection, Findings& findings)
 {
-    QLatin1StringView const code = codeOf(inspection);
-    QString const remedy = code == "malformed"_L1
-                               ? Text::tr("export the file again, from the program that wrote it")
-                               : QString();
-    findings.fail(inspection.code, code, inspection.problem, remedy);
+    findings.fail(inspection.code, codeOf(inspection), inspection.problem);
 }
 
 bool passesInspection(Check& check)

@@ -33,7 +33,7 @@ constexpr char const* triangulate =
 
 constexpr std::array table = {
     // Files that cannot be read.
-    error("malformed"_L1),
+    error("malformed"_L1, QT_TRANSLATE_NOOP("Text", "export the file again, from the program that wrote it")),
     error("unsupported"_L1),
     error("unreadable"_L1),
     error("missing"_L1, QT_TRANSLATE_NOOP("Text", "check the spelling of the path")),
@@ -43,12 +43,20 @@ constexpr std::array table = {
     error("undecodable-name"_L1, QT_TRANSLATE_NOOP("Text", "give it a name in UTF-8")),
     error("unknown-format"_L1,
           QT_TRANSLATE_NOOP("Text", "\"surfaceio formats\" lists what can be read; export as one of these")),
+    error("mesher-file"_L1, QT_TRANSLATE_NOOP("Text", "surfaceio vmesh from FILE -o OUT.vmesh")),
     error("wrong-suffix"_L1,
           QT_TRANSLATE_NOOP("Text", "rename the file: readers choose the format by the suffix")),
     error("stl-too-short"_L1,
           QT_TRANSLATE_NOOP("Text", "the file was cut off or is no STL; copy or export it again")),
     error("stl-size"_L1, QT_TRANSLATE_NOOP("Text", "bytes were lost or added: copy the file again, in "
                                                    "binary mode; if it stays so, export it again")),
+    error("web-page"_L1,
+          QT_TRANSLATE_NOOP("Text", "download the file again: a server sent a page in its place, to sign "
+                                    "in or to say why not")),
+    error("archive"_L1, QT_TRANSLATE_NOOP("Text", "unpack it, and take the mesh out of it")),
+    error("stl-capital-solid"_L1,
+          QT_TRANSLATE_NOOP("Text",
+                            "write the words in small letters: readers look for \"solid\" and \"vertex\"")),
     error("stl-says-solid"_L1,
           QT_TRANSLATE_NOOP(
               "Text",
@@ -101,6 +109,10 @@ constexpr std::array table = {
     // PLY.
     error("ply-ascii"_L1,
           QT_TRANSLATE_NOOP("Text", "export as binary PLY; mesh editors do when they save the file")),
+    error("ply-line-ends"_L1,
+          QT_TRANSLATE_NOOP("Text", "end each line of the header with a line feed; what is behind "
+                                    "\"end_header\" has to stay as it is")),
+    error("ply-tabs"_L1, QT_TRANSLATE_NOOP("Text", "put spaces in place of the tabs in the header")),
     error("ply-polygons"_L1, triangulate),
     error("ply-size"_L1, exportAgain),
     error("ply-bad-index"_L1, exportAgain),
@@ -123,6 +135,13 @@ constexpr std::array table = {
     error("obj-bad-index"_L1, exportAgain),
     error("obj-index-outside"_L1, exportAgain),
     error("obj-short-line"_L1, exportAgain),
+    error("obj-utf-16"_L1,
+          QT_TRANSLATE_NOOP(
+              "Text", "save it as UTF-8 or ASCII; text editors can, and so can iconv -f UTF-16 -t UTF-8")),
+    error("obj-line-ends"_L1,
+          QT_TRANSLATE_NOOP("Text",
+                            "end each line with a line feed; text editors can, and so can tr '\\r' '\\n'")),
+    error("obj-inner-tabs"_L1, QT_TRANSLATE_NOOP("Text", "put spaces in place of the tabs")),
     error("obj-several-libraries"_L1,
           QT_TRANSLATE_NOOP("Text", "put all materials into one MTL file, and name that one")),
     error("obj-partial-mapping"_L1,

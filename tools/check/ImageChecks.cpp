@@ -1,7 +1,6 @@
 #include "check/ImageChecks.h"
 
 #include "Text.h"
-#include "check/NearestName.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -28,9 +27,11 @@ QString remedyFor(QString const& nearest)
 
 } // namespace
 
-void checkMissing(QLatin1StringView code, QString const& what, QString const& scanPath, QString const& name,
-                  QString const& place, Findings& findings)
+void checkMissing(NamedKind kind, QString const& scanPath, QString const& name, QString const& place,
+                  Findings& findings)
 {
+    bool const isImage = kind == NamedKind::Image;
+    QString const what = isImage ? Text::tr("the image") : Text::tr("the material library");
     QDir const folder = QFileInfo(scanPath).dir();
     QString const path = folder.absoluteFilePath(name);
     QString const sentence = place + what + u" \"%1\""_s.arg(name);
@@ -38,15 +39,16 @@ void checkMissing(QLatin1StringView code, QString const& what, QString const& sc
         findings.add("absolute-path"_L1, sentence + Text::tr(" is named by a path from the root of a disk"));
     else if (name.contains(u'\\'))
         findings.add("backslash-path"_L1, sentence + Text::tr(" is named with a backslash"));
-    findings.add(code, sentence + Text::tr(" does not exist") + nearestNameQuestion(path, folder.path()),
-                 remedyFor(nearestName(path, folder.path())));
+    findings.add(isImage ? "missing-image"_L1 : "missing-library"_L1,
+                 sentence + Text::tr(" does not exist") + nearestNameQuestion(path, scanPath, kind),
+                 remedyFor(nearestName(path, scanPath, kind)));
 }
 
 void checkImage(QString const& scanPath, QString const& name, ImageFile const& image, QString const& place,
                 Findings& findings)
 {
     if (!image.isFound)
-        checkMissing("missing-image"_L1, Text::tr("the image"), scanPath, name, place, findings);
+        checkMissing(NamedKind::Image, scanPath, name, place, findings);
     else if (!image.isImage())
         findings.add("no-image"_L1, place + Text::tr("\"%1\" is no image that can be read").arg(name));
     else if (image.isOverLimit())

@@ -3,7 +3,6 @@
 #include "check/Check.h"
 #include "check/Checkers.h"
 #include "check/ImageChecks.h"
-#include "check/NearestName.h"
 #include "obj/ObjReading.h"
 
 #include <QDir>
@@ -44,6 +43,7 @@ constexpr std::array lineRows = {
             QT_TRANSLATE_NOOP("Text", "a face of more than 4 corners")},
     LineRow{&ObjText::badNumbers, "obj-bad-numbers"_L1,
             QT_TRANSLATE_NOOP("Text", "a word where a number is expected")},
+    LineRow{&ObjText::innerTabs, "obj-inner-tabs"_L1, QT_TRANSLATE_NOOP("Text", "a tab between numbers")},
     LineRow{&ObjText::tabs, "obj-tabs"_L1, QT_TRANSLATE_NOOP("Text", "a tab behind the keyword")},
     LineRow{&ObjText::continued, "obj-continued-lines"_L1,
             QT_TRANSLATE_NOOP("Text", "a line that goes on in the next")},
@@ -72,7 +72,7 @@ bool isReported(QLatin1StringView code, Findings const& findings)
 void checkLines(ObjText const& text, bool isRead, Findings& findings)
 {
     for (LineRow const& row : lineRows) {
-        if (text.*row.found)
+        if (text.*row.found && !isReported(row.code, findings))
             findings.add(row.code, counted(text.*row.found, Text::tr(row.what)));
     }
     for (LineRow const& row : refusedRows) {
@@ -156,11 +156,20 @@ void checkMaterial(Check& check, MtlLibrary const& library, MtlMaterial const& m
                                Text::tr("no face has the material \"%1\"").arg(material.name));
 }
 
+void checkMissingLibrary(Check& check, MtlLibrary const& library)
+{
+    QString const place = Text::tr("line %1: ").arg(library.line);
+    if (library.isSeveral)
+        check.findings.add("missing-library"_L1, place + obj::severalNamesProblem(library),
+                           Text::tr("put all materials into one MTL file, and name that one"));
+    else
+        checkMissing(NamedKind::Library, check.source.path, library.name, place, check.findings);
+}
+
 void checkLibrary(Check& check, MtlLibrary const& library)
 {
     if (!library.isFound) {
-        checkMissing("missing-library"_L1, Text::tr("the material library"), check.source.path, library.name,
-                     Text::tr("line %1: ").arg(library.line), check.findings);
+        checkMissingLibrary(check, library);
         return;
     }
     for (MtlMaterial const& material : library.materials)
@@ -195,6 +204,8 @@ void checkObj(Check& check)
     obj::judge(*reading, inspection);
     if (inspection.code != ExitCode::Ok)
         check.findings.fail(inspection.code, inspection.problemCode, inspection.problem);
+    if (reading->text.isUtf16 || reading->text.returns)
+        return;
     bool const isRead = inspection.code == ExitCode::Ok;
     checkLines(reading->text, isRead, check.findings);
     checkIgnoredIndices(reading->text, check.findings);

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <array>
 #include <filesystem>
 
 using namespace Qt::StringLiterals;
@@ -33,12 +34,50 @@ QString whyMissing(QString const& path)
     return Text::tr("cannot be opened: ") + QString::fromStdString(error.message());
 }
 
-std::optional<RecognisedFile> recognise(Source const& source)
+std::optional<RecognisedFile> recogniseContent(Source const& source)
 {
     for (Format const& format : formats()) {
         if (QString const how = format.recognise(source); !how.isEmpty())
             return RecognisedFile{source, &format, how};
     }
+    return {};
+}
+
+// What comes under the suffix of a mesh when a download went wrong, or a suffix was changed.
+struct OtherContent
+{
+    QByteArrayView start;
+    QLatin1StringView code;
+    char const* sentence;
+};
+constexpr char const* isWebPage = QT_TRANSLATE_NOOP("Text", "the content is that of a web page");
+constexpr char const* isArchive = QT_TRANSLATE_NOOP("Text", "the content is that of an archive, ZIP or gzip");
+constexpr std::array otherContents = {
+    OtherContent{"<!doctype html", "web-page"_L1, isWebPage},
+    OtherContent{"<html", "web-page"_L1, isWebPage},
+    OtherContent{"pk\x03\x04", "archive"_L1, isArchive},
+    OtherContent{"\x1F\x8B", "archive"_L1, isArchive},
+};
+
+OtherContent const* otherContentOf(Source const& source)
+{
+    constexpr qsizetype enough = 256;
+    QByteArray const start = source.head.left(enough).trimmed().toLower();
+    for (OtherContent const& content : otherContents) {
+        if (start.startsWith(content.start))
+            return &content;
+    }
+    return nullptr;
+}
+
+// A mesher's file is known by its suffix: what makes a volume mesh of it judges its content.
+bool isOfMesher(QString const& path)
+{
+    return hasSuffix(path, mesherSuffixes);
+}
+
+std::optional<RecognisedFile> recogniseSuffix(Source const& source)
+{
     for (Format const& format : formats()) {
         if (hasSuffix(format, source.path))
             return RecognisedFile{source, &format, Text::tr("by its suffix only")};
@@ -121,14 +160,25 @@ std::optional<RecognisedFile> recogniseFile(QString const& path, Inspection& ins
     std::optional<Source> const source = open(path, inspection);
     if (!source)
         return {};
-    std::optional<RecognisedFile> const file = recognise(*source);
-    if (!file) {
-        inspection.report.add("bytes"_L1, Text::tr("size in bytes"), source->size);
+    std::optional<RecognisedFile> file = recogniseContent(*source);
+    if (file)
+        return file;
+    file = recogniseSuffix(*source);
+    OtherContent const* const other = otherContentOf(*source);
+    if (file && other == nullptr)
+        return file;
+    inspection.report.add("bytes"_L1, Text::tr("size in bytes"), source->size);
+    if (file)
+        inspection.fail(ExitCode::Malformed, Text::tr(other->sentence), other->code);
+    else if (isOfMesher(path))
+        inspection.fail(ExitCode::Unsupported,
+                        Text::tr("a file of a mesher; \"surfaceio vmesh from\" makes a volume mesh of it"),
+                        "mesher-file"_L1);
+    else
         inspection.fail(ExitCode::Unsupported,
                         Text::tr("neither the content nor the suffix is that of a format known here"),
                         "unknown-format"_L1);
-    }
-    return file;
+    return {};
 }
 
 Problem refusalOf(QString const& path)

@@ -57,6 +57,9 @@ struct Format
     void (*check)(Check& check) = nullptr;
 };
 
+/// Suffixes of files of meshers, which only "vmesh from" reads.
+constexpr QLatin1StringView mesherSuffixes("msh vtk");
+
 /// All formats; a file belongs to the first that recognises it.
 std::span<Format const> formats();
 

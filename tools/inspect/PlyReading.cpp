@@ -93,8 +93,24 @@ Finding judgeEnd(HeaderText const& header)
     return {};
 }
 
+// A carriage return alone ends no line, and a tab parts no words.
+Finding judgeSpace(QString const& line)
+{
+    if (line.contains(u'\r'))
+        return malformed(Text::tr("the lines of the header end with carriage returns; expected line feeds"),
+                         "ply-line-ends"_L1);
+    if (line.contains(u'\t'))
+        return malformed(Text::tr("expected spaces between the words of the header, found a tab: \"%1\"")
+                             .arg(line.left(40).replace(u'\t', "\\t"_L1)),
+                         "ply-tabs"_L1);
+    return {};
+}
+
 Finding judgeLines(HeaderText const& header)
 {
+    bool const isCutShort = !header.hasMagic() && header.firstLine.startsWith("ply"_L1, Qt::CaseInsensitive);
+    if (Finding finding = judgeSpace(isCutShort ? header.firstLine : header.strangeLine); !isFine(finding))
+        return finding;
     if (!header.hasMagic())
         return malformed(
             Text::tr("expected \"ply\" in the first line, found \"%1\"").arg(header.firstLine.left(40)));

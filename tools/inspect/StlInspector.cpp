@@ -71,8 +71,22 @@ void addHeader(Report& report, QByteArray const& header)
     addMetadata(report, metadata);
 }
 
+bool isTextInCapitals(Source const& source)
+{
+    return source.head.trimmed().toLower().startsWith("solid") && !source.head.contains('\0');
+}
+
 void failBinarySize(Source const& source, Inspection& inspection)
 {
+    if (isTextInCapitals(source)) {
+        inspection.fail(
+            ExitCode::Malformed,
+            Text::tr("begins with \"%1\"; text is known by \"solid\" in small letters, so that this "
+                     "counts as binary data")
+                .arg(QString::fromLatin1(source.head.trimmed().left(5))),
+            "stl-capital-solid"_L1);
+        return;
+    }
     if (source.size < stl::prefixBytes) {
         inspection.fail(
             ExitCode::Malformed,

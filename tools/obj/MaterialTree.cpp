@@ -1,5 +1,6 @@
 #include "obj/MaterialTree.h"
 
+#include "Text.h"
 #include "obj/TextLines.h"
 
 #include <QDir>
@@ -24,11 +25,14 @@ struct Option
     bool areNumbers = false;
 };
 constexpr std::array options = {
-    Option{"-blendu"_L1, 1},  Option{"-blendv"_L1, 1},  Option{"-boost"_L1, 1},   Option{"-bm"_L1, 1},
-    Option{"-cc"_L1, 1},      Option{"-clamp"_L1, 1},   Option{"-imfchan"_L1, 1}, Option{"-mm"_L1, 2},
-    Option{"-o"_L1, 3, true}, Option{"-s"_L1, 3, true}, Option{"-t"_L1, 3, true}, Option{"-texres"_L1, 1},
-    Option{"-type"_L1, 1},
+    Option{"-blendu"_L1, 1}, Option{"-blendv"_L1, 1},  Option{"-boost"_L1, 1},      Option{"-bm"_L1, 1},
+    Option{"-cc"_L1, 1},     Option{"-clamp"_L1, 1},   Option{"-colorspace"_L1, 1}, Option{"-imfchan"_L1, 1},
+    Option{"-mm"_L1, 2},     Option{"-o"_L1, 3, true}, Option{"-s"_L1, 3, true},    Option{"-t"_L1, 3, true},
+    Option{"-texres"_L1, 1}, Option{"-type"_L1, 1},
 };
+
+// What no table knows, "-blur", has one word.
+constexpr Option unknownOption = {{}, 1};
 
 Option const* optionNamed(QString const& word)
 {
@@ -44,16 +48,31 @@ bool isNumber(QString const& word)
     return isOk;
 }
 
-// How many of the words behind the keyword are options.
+bool looksLikeOption(QString const& word)
+{
+    return word.size() > 1 && word[0] == u'-' && word[1].isLetter() && !isNumber(word) &&
+           !word.contains(u'.');
+}
+
+// The option at `place`, if one is there. The last word is a name, unless the table knows it.
+Option const* optionAt(QStringList const& words, qsizetype place)
+{
+    if (Option const* const known = optionNamed(words[place]); known != nullptr)
+        return known;
+    return looksLikeOption(words[place]) && place + 1 < words.size() ? &unknownOption : nullptr;
+}
+
+// How many of the words behind the keyword are options. A name is left over for those that are not known.
 qsizetype countOptionWords(QStringList const& words)
 {
     qsizetype next = 0;
     while (next < words.size()) {
-        Option const* const option = optionNamed(words[next]);
+        Option const* const option = optionAt(words, next);
         if (option == nullptr)
             return next;
+        qsizetype const end = words.size() - (option == &unknownOption ? 1 : 0);
         ++next;
-        for (int i = 0; i < option->words && next < words.size(); ++i, ++next) {
+        for (int i = 0; i < option->words && next < end; ++i, ++next) {
             if (option->areNumbers && !isNumber(words[next]))
                 break;
         }
@@ -61,17 +80,32 @@ qsizetype countOptionWords(QStringList const& words)
     return next;
 }
 
+// How many words of a name there are before options behind it.
+qsizetype countNameWords(QStringList const& words)
+{
+    for (qsizetype i = 1; i < words.size(); ++i) {
+        if (optionAt(words, i) != nullptr)
+            return i;
+    }
+    return words.size();
+}
+
 ImageLine imageLineOf(QString const& objPath, qint64 line, QStringList const& words)
 {
-    QStringList const behind = words.mid(1);
-    qsizetype const optionWords = countOptionWords(behind);
     ImageLine image;
     image.line = line;
     image.keyword = words.first();
     image.given = restOf(words);
-    image.options = behind.first(optionWords).join(u' ');
-    image.name = behind.sliced(optionWords).join(u' ');
+    image.name = image.given;
     image.image = imageFileAt(pathBeside(objPath, image.given));
+    if (image.image.isFound)
+        return image;
+    QStringList const behind = words.mid(1);
+    qsizetype const optionWords = countOptionWords(behind);
+    QStringList const rest = behind.sliced(optionWords);
+    qsizetype const nameWords = countNameWords(rest);
+    image.options = (behind.first(optionWords) + rest.sliced(nameWords)).join(u' ');
+    image.name = rest.first(nameWords).join(u' ');
     return image;
 }
 
@@ -164,9 +198,17 @@ QStringList foundNames(QString const& objPath, QStringList const& words)
     return names;
 }
 
+bool areSeveralLibraries(QStringList const& words)
+{
+    auto const isLibrary = [](QString const& word) { return word.endsWith(".mtl"_L1, Qt::CaseInsensitive); };
+    return std::count_if(words.begin(), words.end(), isLibrary) > 1;
+}
+
 MtlLibrary readLibrary(QString const& objPath, qint64 line, QString const& name, ObjText const& text)
 {
-    MtlLibrary library{line, name, false, {}, 0};
+    MtlLibrary library;
+    library.line = line;
+    library.name = name;
     QFile file(pathBeside(objPath, name));
     library.isFound = QFileInfo(file.fileName()).isFile() && file.open(QIODevice::ReadOnly);
     if (library.isFound)
@@ -196,6 +238,12 @@ QString pathBeside(QString const& objPath, QString const& name)
     return QFileInfo(objPath).dir().absoluteFilePath(name);
 }
 
+QString severalNamesProblem(MtlLibrary const& library)
+{
+    return Text::tr("the material library \"%1\" does not exist; all of the line is taken as one name")
+        .arg(library.name);
+}
+
 MaterialTree materialTreeOf(QString const& objPath, ObjText const& text)
 {
     MaterialTree tree;
@@ -203,10 +251,12 @@ MaterialTree materialTreeOf(QString const& objPath, ObjText const& text)
         QStringList names = foundNames(objPath, row.words);
         if (names.size() > 1 && tree.lineOfSeveral == 0)
             tree.lineOfSeveral = row.line;
-        if (names.isEmpty())
+        bool const isAnyFound = !names.isEmpty();
+        if (!isAnyFound)
             names << row.words.join(u' ');
         for (QString const& name : names)
             tree.libraries.push_back(readLibrary(objPath, row.line, name, text));
+        tree.libraries.back().isSeveral = !isAnyFound && areSeveralLibraries(row.words);
     }
     addUndefined(text, tree);
     return tree;

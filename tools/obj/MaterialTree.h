@@ -14,7 +14,7 @@ struct ImageLine
     QString keyword;
     /// Everything behind the keyword, which is what the library opens.
     QString given;
-    /// Options like "-s 1 1 1", and the name without them.
+    /// Options like "-s 1 1 1", in front and behind, and the name without them.
     QString options;
     QString name;
     ImageFile image;
@@ -40,6 +40,8 @@ struct MtlLibrary
     qint64 line = 0;
     QString name;
     bool isFound = false;
+    /// Not found, and the name is several words with the suffix .mtl, of which no file exists.
+    bool isSeveral = false;
     std::vector<MtlMaterial> materials;
     /// Where the library stops reading, as an image cannot be loaded or no material was begun; 0 when it does
     /// not. Materials behind it are as if undefined.
@@ -58,6 +60,9 @@ struct MaterialTree
 
 /// Opens the libraries that the file at `objPath` names, and looks at their images without loading them.
 MaterialTree materialTreeOf(QString const& objPath, ObjText const& text);
+
+/// What is wrong with a library that `isSeveral`.
+QString severalNamesProblem(MtlLibrary const& library);
 
 /// The path of a file that an OBJ file, or an MTL file of it, names: relative to the OBJ file.
 QString pathBeside(QString const& objPath, QString const& name);

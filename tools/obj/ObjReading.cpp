@@ -54,8 +54,17 @@ Verdict judgeQuads(Reading const& reading)
         first(reading.text.quads, Text::tr("a face of 4 corners; only triangles are read"), suchFaces));
 }
 
+Verdict judgeTabs(ObjText const& text)
+{
+    return malformed(
+        "obj-inner-tabs"_L1,
+        first(text.innerTabs, Text::tr("a tab between numbers, which only spaces separate"), suchLines));
+}
+
 Verdict judgeNumbers(Reading const& reading)
 {
+    if (reading.text.innerTabs)
+        return judgeTabs(reading.text);
     return malformed("obj-short-line"_L1,
                      first(reading.text.shortLines,
                            Text::tr("too few numbers: expected 3 behind \"v\" and \"vn\", 2 behind \"vt\""),
@@ -90,6 +99,8 @@ Verdict judgeRanges(ObjText const& text)
 Verdict judgeIndices(Reading const& reading)
 {
     ObjText const& text = reading.text;
+    if (text.innerTabs)
+        return judgeTabs(text);
     if (text.shortFaces)
         return malformed("obj-short-face"_L1,
                          first(text.shortFaces, Text::tr("a face of fewer than 3 corners"), suchFaces));
@@ -128,6 +139,21 @@ Verdict judgeAtlas(Reading const&)
 Verdict judgeContent(Reading const&)
 {
     return malformed("obj-no-vertices"_L1, Text::tr("expected vertices, found none"));
+}
+
+// What makes nonsense of all else that could be said.
+Verdict judgeText(ObjText const& text)
+{
+    if (text.isUtf16)
+        return unsupported("obj-utf-16"_L1,
+                           Text::tr("is text in UTF-16; only UTF-8, Latin-1 and ASCII are read"));
+    if (text.returns)
+        return malformed("obj-line-ends"_L1,
+                         first(text.returns,
+                               Text::tr("a carriage return inside the line; expected line feeds at the ends "
+                                        "of lines"),
+                               suchLines));
+    return {};
 }
 
 struct Row
@@ -170,6 +196,9 @@ std::optional<Reading> readFile(QString const& path)
 
 void judge(Reading const& reading, Inspection& inspection)
 {
+    Verdict const ofText = judgeText(reading.text);
+    if (ofText.code != ExitCode::Ok)
+        return inspection.fail(ofText.code, ofText.sentence, ofText.problemCode);
     OBJReader::Error const error = reading.reader->getError();
     if (error == OBJReader::NoError)
         return;

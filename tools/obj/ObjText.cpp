@@ -84,6 +84,8 @@ public:
     {
         while (lines.next())
             readLine(lines.tokens());
+        if (text.vertices == 0 && lines.commentWithReturn() > 0)
+            text.returns.add(lines.commentWithReturn());
         return std::move(text);
     }
 
@@ -105,6 +107,8 @@ private:
             Row{"mtllib"_L1, &Reader::readLibrary}};
         if (lines.bytes().endsWith('\\'))
             text.continued.add(lines.number());
+        if (lines.bytes().contains('\r'))
+            text.returns.add(lines.number());
         for (Row const& row : rows) {
             if (tokens.front() == QByteArrayView(row.keyword))
                 return (this->*row.read)(tokens);
@@ -123,18 +127,28 @@ private:
 
     void ignore(Tokens const&) {}
 
+    // A tab that parts nothing explains what follows from it.
+    void addMistake(Occurrence& mistake)
+    {
+        bool const isExplained = lines.bytes().contains('\t');
+        if (!isExplained)
+            mistake.add(lines.number());
+        else if (lines.number() != lastTabLine)
+            text.innerTabs.add(lastTabLine = lines.number());
+    }
+
     // The numbers behind the keyword, as far as they are there; false when they are too few.
     template <std::size_t count>
     bool readNumbers(Tokens const& tokens, std::array<float, count>& numbers)
     {
         if (tokens.size() <= count) {
-            text.shortLines.add(lines.number());
+            addMistake(text.shortLines);
             return false;
         }
         for (std::size_t i = 0; i < count; ++i) {
             std::optional<float> const number = toFloat(tokens[i + 1]);
             if (!number)
-                text.badNumbers.add(lines.number());
+                addMistake(text.badNumbers);
             numbers[i] = number.value_or(0.0f);
         }
         return true;
@@ -195,7 +209,7 @@ private:
         if (place > cornersRead)
             return;
         if (corner.indices[0] == 0)
-            text.badIndices.add(lines.number());
+            addMistake(text.badIndices);
         if (corner.indices[1] != corner.indices[0])
             text.otherTexture.add(lines.number());
         if (corner.indices[2] != corner.indices[0])
@@ -229,7 +243,7 @@ private:
         if (kind.isRelative)
             text.relative.add(lines.number());
         if (kind.corners < 3)
-            text.shortFaces.add(lines.number());
+            addMistake(text.shortFaces);
         else if (kind.corners == quad)
             text.quads.add(lines.number());
         else if (kind.corners > quad)
@@ -253,9 +267,20 @@ private:
 
     TextLines lines;
     qint64 mostPositions;
+    qint64 lastTabLine = 0;
     std::vector<int> materialOfPosition;
     ObjText text;
 };
+
+// By its byte order mark, or as every second of its first bytes is a zero.
+bool isUtf16(QByteArrayView start)
+{
+    if (start.startsWith("\xFF\xFE") || start.startsWith("\xFE\xFF"))
+        return true;
+    constexpr qsizetype looked = 4;
+    return start.size() >= looked && (start[0] == '\0') != (start[1] == '\0') &&
+           (start[0] == '\0') == (start[2] == '\0') && (start[1] == '\0') == (start[3] == '\0');
+}
 
 } // namespace
 
@@ -300,6 +325,12 @@ void TextureRange::add(float value, qint64 line)
 
 ObjText readObjText(QIODevice& device)
 {
+    constexpr qint64 start = 4;
+    if (isUtf16(device.peek(start))) {
+        ObjText text;
+        text.isUtf16 = true;
+        return text;
+    }
     return Reader(device).read();
 }
 

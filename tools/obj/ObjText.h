@@ -150,6 +150,12 @@ struct ObjText
     /// Too few numbers behind "v", "vt" or "vn"; words that are no numbers.
     Occurrence shortLines;
     Occurrence badNumbers;
+    /// Lines with a carriage return inside them, which ends no line; of comments only where nothing else is.
+    Occurrence returns;
+    /// Too few numbers, or words that are none, as tabs stand between them; these count nowhere else.
+    Occurrence innerTabs;
+    /// Two bytes for each letter: nothing else is known then.
+    bool isUtf16 = false;
     /// Keywords with a tab behind them, which nobody reads; lines that go on in the next.
     Occurrence tabs;
     Occurrence continued;

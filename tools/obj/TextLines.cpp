@@ -17,7 +17,10 @@ bool TextLines::next()
             return false;
         ++lineNumber;
         line = QByteArrayView(raw).trimmed();
-        if (line.isEmpty() || line.front() == '#')
+        bool const isComment = !line.isEmpty() && line.front() == '#';
+        if (isComment && firstReturn == 0 && line.contains('\r'))
+            firstReturn = lineNumber;
+        if (isComment || line.isEmpty())
             continue;
         split();
         return true;

@@ -24,6 +24,8 @@ public:
     /// Of the line, from 1.
     qint64 number() const { return lineNumber; }
     QByteArrayView bytes() const { return line; }
+    /// The first line up to here that is a comment with a carriage return in it; 0 without one.
+    qint64 commentWithReturn() const { return firstReturn; }
     /// At least one. Valid until the next line.
     Tokens const& tokens() const { return lineTokens; }
     /// The tokens as text: UTF-8, or Latin-1 where the line is not valid UTF-8.
@@ -37,6 +39,7 @@ private:
     QByteArrayView line;
     Tokens lineTokens;
     qint64 lineNumber = 0;
+    qint64 firstReturn = 0;
 };
 
 /// A token as text, by the same rule.

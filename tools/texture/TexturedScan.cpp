@@ -21,16 +21,11 @@ namespace tool {
 
 namespace {
 
-QString folderOf(QString const& path)
-{
-    return QFileInfo(path).path();
-}
-
 QString imageProblem(ImageFile const& image, QString const& name, QString const& scanPath)
 {
     if (!image.isFound)
         return Text::tr("the image \"%1\" does not exist").arg(name) +
-               nearestNameQuestion(obj::pathBeside(scanPath, name), folderOf(scanPath));
+               nearestNameQuestion(obj::pathBeside(scanPath, name), scanPath, NamedKind::Image);
     if (!image.isImage())
         return Text::tr("\"%1\" is no image that can be read").arg(name);
     return image.isOverLimit() ? image.limitProblem(name) : QString();
@@ -39,7 +34,7 @@ QString imageProblem(ImageFile const& image, QString const& name, QString const&
 QString imageLineProblem(obj::ImageLine const& image, QString const& scanPath)
 {
     if (!image.image.isFound && !image.options.isEmpty())
-        return Text::tr("the image \"%1\" does not exist; the options in front of \"%2\" are taken as part "
+        return Text::tr("the image \"%1\" does not exist; the options beside \"%2\" are taken as part "
                         "of the name")
             .arg(image.given, image.name);
     return imageProblem(image.image, image.given, scanPath);
@@ -61,6 +56,8 @@ QString stopProblem(obj::MtlLibrary const& library, QString const& scanPath)
 
 QString libraryProblem(obj::MtlLibrary const& library, QString const& scanPath)
 {
+    if (library.isSeveral)
+        return obj::severalNamesProblem(library);
     if (!library.isFound)
         return missingLibraryProblem(library, scanPath);
     return library.stopsAt > 0 ? stopProblem(library, scanPath) : QString();
