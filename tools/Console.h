@@ -100,6 +100,7 @@ public:
     bool isInteractive() const;
 
     void setQuiet(bool quiet);
+    bool isQuiet() const { return quiet; }
     void setVerbose(bool verbose);
     void setColour(Colour colour);
 

@@ -1885,10 +1885,6 @@
         <translation>das Bild „%1“ existiert nicht</translation>
     </message>
     <message>
-        <source>the image &quot;%1&quot; does not exist; the options in front of &quot;%2&quot; are taken as part of the name</source>
-        <translation>das Bild „%1“ existiert nicht; die Optionen vor „%2“ werden als Teil des Namens gelesen</translation>
-    </message>
-    <message>
         <source>an image stands before the first &quot;newmtl&quot;</source>
         <translation>ein Bild steht vor dem ersten „newmtl“</translation>
     </message>
@@ -2792,6 +2788,106 @@
     <message>
         <source>The language of messages and help: German, Polish, or else English. Numbers are the same in every language, and with --json the results and their sentences are in English.</source>
         <translation>Die Sprache der Meldungen und der Hilfe: Deutsch, Polnisch oder sonst Englisch. Zahlen sind in jeder Sprache gleich, und mit --json sind die Ergebnisse und die Sätze darin auf Englisch.</translation>
+    </message>
+    <message>
+        <source>Gmsh, for vmesh from</source>
+        <translation>Gmsh, für vmesh from</translation>
+    </message>
+    <message>
+        <source>VTK, for vmesh from</source>
+        <translation>VTK, für vmesh from</translation>
+    </message>
+    <message>
+        <source>has no tags that could colour it</source>
+        <translation>hat keine Kennungen, die Farben geben könnten</translation>
+    </message>
+    <message>
+        <source>png: OUT is such a picture, whatever its suffix</source>
+        <translation>png: OUT ist ein solches Bild, was auch seine Endung ist</translation>
+    </message>
+    <message>
+        <source>surfaceio vmesh from FILE -o OUT.vmesh</source>
+        <translation>surfaceio vmesh from FILE -o OUT.vmesh</translation>
+    </message>
+    <message>
+        <source>download the file again: a server sent a page in its place, to sign in or to say why not</source>
+        <translation>die Datei noch einmal herunterladen: ein Server hat statt ihrer eine Seite geschickt, zum Anmelden oder mit einer Absage</translation>
+    </message>
+    <message>
+        <source>unpack it, and take the mesh out of it</source>
+        <translation>auspacken und das Netz herausnehmen</translation>
+    </message>
+    <message>
+        <source>write the words in small letters: readers look for &quot;solid&quot; and &quot;vertex&quot;</source>
+        <translation>die Wörter klein schreiben: Leser suchen „solid“ und „vertex“</translation>
+    </message>
+    <message>
+        <source>end each line of the header with a line feed; what is behind &quot;end_header&quot; has to stay as it is</source>
+        <translation>jede Zeile des Kopfs mit einem Zeilenvorschub beenden; was hinter „end_header“ steht, muss bleiben, wie es ist</translation>
+    </message>
+    <message>
+        <source>put spaces in place of the tabs in the header</source>
+        <translation>die Tabulatoren im Kopf durch Leerzeichen ersetzen</translation>
+    </message>
+    <message>
+        <source>save it as UTF-8 or ASCII; text editors can, and so can iconv -f UTF-16 -t UTF-8</source>
+        <translation>als UTF-8 oder ASCII speichern; Texteditoren können das, und auch iconv -f UTF-16 -t UTF-8</translation>
+    </message>
+    <message>
+        <source>end each line with a line feed; text editors can, and so can tr &apos;\r&apos; &apos;\n&apos;</source>
+        <translation>jede Zeile mit einem Zeilenvorschub beenden; Texteditoren können das, und auch tr &apos;\r&apos; &apos;\n&apos;</translation>
+    </message>
+    <message>
+        <source>put spaces in place of the tabs</source>
+        <translation>die Tabulatoren durch Leerzeichen ersetzen</translation>
+    </message>
+    <message>
+        <source>a tab between numbers</source>
+        <translation>ein Tabulator zwischen Zahlen</translation>
+    </message>
+    <message>
+        <source>the content is that of a web page</source>
+        <translation>der Inhalt ist der einer Webseite</translation>
+    </message>
+    <message>
+        <source>the content is that of an archive, ZIP or gzip</source>
+        <translation>der Inhalt ist der eines Archivs, ZIP oder gzip</translation>
+    </message>
+    <message>
+        <source>a file of a mesher; &quot;surfaceio vmesh from&quot; makes a volume mesh of it</source>
+        <translation>eine Datei eines Netzgenerators; „surfaceio vmesh from“ macht ein Volumennetz daraus</translation>
+    </message>
+    <message>
+        <source>the lines of the header end with carriage returns; expected line feeds</source>
+        <translation>die Zeilen des Kopfs enden mit Wagenrückläufen; erwartet sind Zeilenvorschübe</translation>
+    </message>
+    <message>
+        <source>expected spaces between the words of the header, found a tab: &quot;%1&quot;</source>
+        <translation>zwischen den Wörtern des Kopfs sind Leerzeichen erwartet, gefunden wurde ein Tabulator: „%1“</translation>
+    </message>
+    <message>
+        <source>begins with &quot;%1&quot;; text is known by &quot;solid&quot; in small letters, so that this counts as binary data</source>
+        <translation>beginnt mit „%1“; Text wird am klein geschriebenen „solid“ erkannt, daher gilt dies als Binärdaten</translation>
+    </message>
+    <message>
+        <source>the material library &quot;%1&quot; does not exist; all of the line is taken as one name</source>
+        <translation>die Materialbibliothek „%1“ gibt es nicht; die ganze Zeile gilt als ein Name</translation>
+    </message>
+    <message>
+        <source>a tab between numbers, which only spaces separate</source>
+        <translation>ein Tabulator zwischen Zahlen, die nur Leerzeichen trennen</translation>
+    </message>
+    <message>
+        <source>is text in UTF-16; only UTF-8, Latin-1 and ASCII are read</source>
+        <translation>ist Text in UTF-16; gelesen werden nur UTF-8, Latin-1 und ASCII</translation>
+    </message>
+    <message>
+        <source>a carriage return inside the line; expected line feeds at the ends of lines</source>
+        <translation>ein Wagenrücklauf innerhalb der Zeile; erwartet sind Zeilenvorschübe an den Zeilenenden</translation>
+    </message>
+    <message>
+        <source>the image &quot;%1&quot; does not exist; the options beside &quot;%2&quot; are taken as part of the name</source>
+        <translation>das Bild „%1“ gibt es nicht; die Optionen neben „%2“ gelten als Teil des Namens</translation>
     </message>
 </context>
 </TS>

@@ -1916,10 +1916,6 @@
         <translation>obraz „%1” nie istnieje</translation>
     </message>
     <message>
-        <source>the image &quot;%1&quot; does not exist; the options in front of &quot;%2&quot; are taken as part of the name</source>
-        <translation>obraz „%1” nie istnieje; opcje przed „%2” są odczytywane jako część nazwy</translation>
-    </message>
-    <message>
         <source>an image stands before the first &quot;newmtl&quot;</source>
         <translation>obraz znajduje się przed pierwszym „newmtl”</translation>
     </message>
@@ -2826,6 +2822,106 @@
     <message>
         <source>The language of messages and help: German, Polish, or else English. Numbers are the same in every language, and with --json the results and their sentences are in English.</source>
         <translation>Język komunikatów i pomocy: niemiecki, polski albo angielski. Liczby są w każdym języku takie same, a z --json wyniki i zawarte w nich zdania są po angielsku.</translation>
+    </message>
+    <message>
+        <source>Gmsh, for vmesh from</source>
+        <translation>Gmsh, dla vmesh from</translation>
+    </message>
+    <message>
+        <source>VTK, for vmesh from</source>
+        <translation>VTK, dla vmesh from</translation>
+    </message>
+    <message>
+        <source>has no tags that could colour it</source>
+        <translation>nie ma znaczników, które mogłyby dać kolory</translation>
+    </message>
+    <message>
+        <source>png: OUT is such a picture, whatever its suffix</source>
+        <translation>png: OUT jest takim obrazem bez względu na rozszerzenie</translation>
+    </message>
+    <message>
+        <source>surfaceio vmesh from FILE -o OUT.vmesh</source>
+        <translation>surfaceio vmesh from FILE -o OUT.vmesh</translation>
+    </message>
+    <message>
+        <source>download the file again: a server sent a page in its place, to sign in or to say why not</source>
+        <translation>pobierz plik ponownie: serwer przysłał zamiast niego stronę, do logowania lub z odmową</translation>
+    </message>
+    <message>
+        <source>unpack it, and take the mesh out of it</source>
+        <translation>rozpakuj je i wyjmij z niego siatkę</translation>
+    </message>
+    <message>
+        <source>write the words in small letters: readers look for &quot;solid&quot; and &quot;vertex&quot;</source>
+        <translation>zapisz słowa małymi literami: programy szukają „solid” i „vertex”</translation>
+    </message>
+    <message>
+        <source>end each line of the header with a line feed; what is behind &quot;end_header&quot; has to stay as it is</source>
+        <translation>zakończ każdy wiersz nagłówka znakiem nowego wiersza; to, co jest za „end_header”, musi zostać bez zmian</translation>
+    </message>
+    <message>
+        <source>put spaces in place of the tabs in the header</source>
+        <translation>zastąp tabulatory w nagłówku spacjami</translation>
+    </message>
+    <message>
+        <source>save it as UTF-8 or ASCII; text editors can, and so can iconv -f UTF-16 -t UTF-8</source>
+        <translation>zapisz go jako UTF-8 lub ASCII; potrafią to edytory tekstu, a także iconv -f UTF-16 -t UTF-8</translation>
+    </message>
+    <message>
+        <source>end each line with a line feed; text editors can, and so can tr &apos;\r&apos; &apos;\n&apos;</source>
+        <translation>zakończ każdy wiersz znakiem nowego wiersza; potrafią to edytory tekstu, a także tr &apos;\r&apos; &apos;\n&apos;</translation>
+    </message>
+    <message>
+        <source>put spaces in place of the tabs</source>
+        <translation>zastąp tabulatory spacjami</translation>
+    </message>
+    <message>
+        <source>a tab between numbers</source>
+        <translation>tabulator między liczbami</translation>
+    </message>
+    <message>
+        <source>the content is that of a web page</source>
+        <translation>zawartość jest stroną internetową</translation>
+    </message>
+    <message>
+        <source>the content is that of an archive, ZIP or gzip</source>
+        <translation>zawartość jest archiwum ZIP lub gzip</translation>
+    </message>
+    <message>
+        <source>a file of a mesher; &quot;surfaceio vmesh from&quot; makes a volume mesh of it</source>
+        <translation>plik generatora siatek; „surfaceio vmesh from” zrobi z niego siatkę objętościową</translation>
+    </message>
+    <message>
+        <source>the lines of the header end with carriage returns; expected line feeds</source>
+        <translation>wiersze nagłówka kończą się znakami powrotu karetki; oczekiwano znaków nowego wiersza</translation>
+    </message>
+    <message>
+        <source>expected spaces between the words of the header, found a tab: &quot;%1&quot;</source>
+        <translation>oczekiwano spacji między słowami nagłówka, znaleziono tabulator: „%1”</translation>
+    </message>
+    <message>
+        <source>begins with &quot;%1&quot;; text is known by &quot;solid&quot; in small letters, so that this counts as binary data</source>
+        <translation>zaczyna się od „%1”; tekst poznaje się po „solid” małymi literami, więc uchodzi to za dane binarne</translation>
+    </message>
+    <message>
+        <source>the material library &quot;%1&quot; does not exist; all of the line is taken as one name</source>
+        <translation>biblioteka materiałów „%1” nie istnieje; cały wiersz uchodzi za jedną nazwę</translation>
+    </message>
+    <message>
+        <source>a tab between numbers, which only spaces separate</source>
+        <translation>tabulator między liczbami, które rozdzielają tylko spacje</translation>
+    </message>
+    <message>
+        <source>is text in UTF-16; only UTF-8, Latin-1 and ASCII are read</source>
+        <translation>jest tekstem w UTF-16; czytane są tylko UTF-8, Latin-1 i ASCII</translation>
+    </message>
+    <message>
+        <source>a carriage return inside the line; expected line feeds at the ends of lines</source>
+        <translation>powrót karetki wewnątrz wiersza; oczekiwano znaków nowego wiersza na końcach wierszy</translation>
+    </message>
+    <message>
+        <source>the image &quot;%1&quot; does not exist; the options beside &quot;%2&quot; are taken as part of the name</source>
+        <translation>obraz „%1” nie istnieje; opcje obok „%2” uchodzą za część nazwy</translation>
     </message>
 </context>
 </TS>

@@ -8,7 +8,10 @@
 
 #include <QSet>
 #include <QTest>
+#include <QVector3D>
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -107,6 +110,24 @@ private Q_SLOTS:
         QCOMPARE(qAlpha(tagColor(-1, -128)), 255);
     }
 
+    // Teeth of both dentitions in FDI numbers, and the gum. 2.3 is what an eye just notices.
+    void teethAreToldApart()
+    {
+        QList<int> lower = {1};
+        QList<int> all = {1};
+        for (int quadrant = 10; quadrant <= 40; quadrant += 10) {
+            for (int tooth = 1; tooth <= 8; ++tooth) {
+                all << quadrant + tooth;
+                if (quadrant >= 30)
+                    lower << quadrant + tooth;
+            }
+        }
+        for (int tag = 51; tag <= 85; ++tag)
+            all << tag;
+        QVERIFY(leastDistanceIn(all) > 20);
+        QVERIFY(leastDistanceIn(lower) > 30);
+    }
+
     void lettering()
     {
         QImage image(20, 10, QImage::Format_RGB32);
@@ -158,6 +179,41 @@ private Q_SLOTS:
     }
 
 private:
+    // Lightness, and how far towards red and yellow, in CIE L*a*b*.
+    static QVector3D labOf(QRgb color)
+    {
+        auto const linear = [](int value) {
+            double const c = value / 255.0;
+            return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+        };
+        auto const curve = [](double t) { return t > 0.008856 ? std::cbrt(t) : 7.787 * t + 16.0 / 116; };
+        double const r = linear(qRed(color));
+        double const g = linear(qGreen(color));
+        double const b = linear(qBlue(color));
+        double const x = curve((0.4124 * r + 0.3576 * g + 0.1805 * b) / 0.9505);
+        double const y = curve(0.2126 * r + 0.7152 * g + 0.0722 * b);
+        double const z = curve((0.0193 * r + 0.1192 * g + 0.9505 * b) / 1.089);
+        return {static_cast<float>(116 * y - 16), static_cast<float>(500 * (x - y)),
+                static_cast<float>(200 * (y - z))};
+    }
+
+    static double distanceBetween(QRgb a, QRgb b)
+    {
+        return static_cast<double>((labOf(a) - labOf(b)).length());
+    }
+
+    static double leastDistanceIn(QList<int> const& tags)
+    {
+        double least = 1e9;
+        for (int const a : tags) {
+            for (int const b : tags) {
+                if (a < b)
+                    least = std::min(least, distanceBetween(tagColor(a, 0), tagColor(b, 0)));
+            }
+        }
+        return least;
+    }
+
     static Corner corner(QPoint place, double depth)
     {
         Corner made;

@@ -54,6 +54,18 @@ private Q_SLOTS:
         verify(check({u"scans/b.stl"_s, u"--strict"_s}), 0, ofOpenFacet("scans/b.stl"), {});
     }
 
+    // The exit codes stay.
+    void quiet()
+    {
+        verify(check({u"colours.stl"_s, u"-q"_s}), 0, {}, {});
+        verify(check({u"colours.stl"_s, u"-q"_s, u"--strict"_s}), 5, {}, {});
+        verify(check({u"scans/b.stl"_s, u"-q"_s}), 0, {}, {});
+        auto const outcome = check({u"short.stl"_s, u"scans/b.stl"_s, u"-q"_s});
+        QCOMPARE(outcome.exitCode, 6);
+        QVERIFY(outcome.standardOutput.startsWith("short.stl: error: "));
+        QCOMPARE(outcome.standardOutput.count('\n'), 2);
+    }
+
     void json()
     {
         QJsonObject const note = {

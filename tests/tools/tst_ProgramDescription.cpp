@@ -130,17 +130,26 @@ private Q_SLOTS:
             QCOMPARE(text.count(translated.arg(language)), text.count(english));
     }
 
-    // As a file manager runs it.
+    // As a file manager runs it, with names that it makes up.
+    void thumbnailer_data()
+    {
+        QTest::addColumn<QString>("out");
+        QTest::newRow("a picture") << u"out.png"_s;
+        QTest::newRow("a temporary name") << u"thumb.X7TMPQ"_s;
+        QTest::newRow("no suffix") << u".thumbnail"_s;
+    }
+
     void thumbnailer()
     {
+        QFETCH(QString, out);
         QByteArray const entry =
             support::readFile(QStringLiteral(SURFACEIO_SOURCE) + u"/tools/desktop/surfaceio.thumbnailer"_s);
         QString command = between(QString::fromUtf8(entry), u"\nExec=surfaceio "_s, u"\n"_s);
         QVERIFY(support::writeFile(folder.filePath(u"-a b.stl"_s), support::binaryStl(support::stlFacet(0))));
-        QVERIFY(support::writeFile(folder.filePath(u"out.png"_s), {}));
-        command.replace(u"%s"_s, u"128"_s).replace(u"%i"_s, u"'-a b.stl'"_s).replace(u"%o"_s, u"out.png"_s);
+        QVERIFY(support::writeFile(folder.filePath(out), {}));
+        command.replace(u"%s"_s, u"128"_s).replace(u"%i"_s, u"'-a b.stl'"_s).replace(u"%o"_s, out);
         verify(runShell(u"\"$SURFACEIO\" "_s + command, folder.path()), 0, {}, {});
-        QCOMPARE(QImage(folder.filePath(u"out.png"_s)).size(), QSize(128, 128));
+        QCOMPARE(QImage(folder.filePath(out)).size(), QSize(128, 128));
     }
 
     void bashAnswers_data()

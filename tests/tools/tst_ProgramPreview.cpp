@@ -98,6 +98,17 @@ private Q_SLOTS:
         QCOMPARE(QImage(folder->filePath(u"sheet.png"_s)).size(), QSize(150, 100));
     }
 
+    void noTags()
+    {
+        write(u"s.stl"_s, binaryStl(stlFacet(0)));
+        QString const warning = u"surfaceio: warning: s.stl: has no tags that could colour it\n"_s;
+        verify(preview({u"s.stl"_s, u"-o"_s, u"p.png"_s, u"--by"_s, u"tag"_s}), 0, {}, warning);
+        verify(preview({u"s.stl"_s, u"-o"_s, u"q.png"_s, u"--by"_s, u"tag"_s, u"--strict"_s}), 5, {},
+               warning);
+        write(u"t.stl"_s, binaryStl(stlFacet(0, 3)));
+        verify(preview({u"t.stl"_s, u"-o"_s, u"t.png"_s, u"--by"_s, u"tag"_s, u"--strict"_s}), 0, {}, {});
+    }
+
     void refusal_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -109,6 +120,8 @@ private Q_SLOTS:
         };
         row("no picture", {u"s.stl"_s}, 2, "surfaceio: --output is required\n.*");
         row("no png", {u"s.stl"_s, u"-o"_s, u"p.jpg"_s}, 2, "surfaceio: p.jpg: expected the suffix .png\n");
+        row("unknown format", {u"s.stl"_s, u"-o"_s, u"p"_s, u"--format"_s, u"jpg"_s}, 2,
+            "surfaceio: --format: .*jpg.*\n.*");
         row("unknown view", {u"s.stl"_s, u"-o"_s, u"p.png"_s, u"--view"_s, u"below"_s}, 2,
             "surfaceio: --view: .*below.*\n.*");
         row("unknown colouring", {u"s.stl"_s, u"-o"_s, u"p.png"_s, u"--by"_s, u"age"_s}, 2,

@@ -1,6 +1,7 @@
 #include "Program.h"
 #include "StlFiles.h"
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -185,8 +186,42 @@ private Q_SLOTS:
         QCOMPARE(QString::fromUtf8(inspected.standardError), u"surfaceio: %1: %2\n"_s.arg(name, sentence));
         auto const checked = run({u"check"_s, name});
         QCOMPARE(checked.exitCode, 3);
-        QCOMPARE(QString::fromUtf8(checked.standardOutput), u"%1: error: %2\n"_s.arg(name, sentence));
+        QCOMPARE(QString::fromUtf8(checked.standardOutput),
+                 u"%1: error: %2\n    export the file again, from the program that wrote it\n"_s.arg(
+                     name, sentence));
         QCOMPARE(checked.standardError, "surfaceio: " + name.toUtf8() + ": 1 error\n");
+    }
+
+    // Those of another name belong to nobody knows which mesh.
+    void conditionsInAFolder()
+    {
+        QVERIFY(QDir(folder->path()).mkpath(u"all"_s));
+        write(u"all/jaw.conditions"_s, conditions("1\n5 0 0 1\n"));
+        write(u"all/jaw.vmesh"_s, sound);
+        write(u"all/load.conditions"_s, conditions("1\n5 0 0 1\n"));
+        write(u"all/none.conditions"_s, {});
+        auto const outcome = run({u"check"_s, u"all"_s});
+        QCOMPARE(outcome.exitCode, 6);
+        QCOMPARE(outcome.standardOutput,
+                 QByteArray(
+                     "all/jaw.conditions: error: line 5: a condition refers to point 5; all/jaw.vmesh has 5 "
+                     "points\n"
+                     "    take the volume mesh that the conditions were made for\n"
+                     "all/jaw.vmesh: sound\n"
+                     "all/load.conditions: note: the points were not compared with a volume mesh\n"
+                     "    name the volume mesh before the conditions: surfaceio check MESH.vmesh CONDITIONS\n"
+                     "all/load.conditions: sound\n"
+                     "all/none.conditions: error: the file ends before line 4: expected the number of "
+                     "conditions\n"
+                     "    export the file again, from the program that wrote it\n"));
+    }
+
+    void formats()
+    {
+        QByteArray const table = run({u"formats"_s}).standardOutput;
+        QVERIFY(table.contains("\n  conditions  boundary conditions    yes            no          no\n"));
+        QVERIFY(table.contains("\n  msh         Gmsh, for vmesh from    no            no          no\n"));
+        QVERIFY(table.contains("\n  vtk         VTK, for vmesh from     no            no          no\n"));
     }
 
     void checkOfSoundMesh() { verify(run({u"check"_s, u"jaw.vmesh"_s}), 0, "jaw.vmesh: sound\n", {}); }

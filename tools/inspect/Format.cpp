@@ -147,7 +147,7 @@ bool hasSuffix(Format const& format, QString const& path)
 
 bool hasWrongSuffix(RecognisedFile const& file)
 {
-    return !file.format->suffixes.isEmpty() && !hasSuffix(*file.format, file.source.path);
+    return file.format->needsSuffix && !hasSuffix(*file.format, file.source.path);
 }
 
 QString wrongSuffixProblem(Format const& format)

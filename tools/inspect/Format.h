@@ -55,6 +55,8 @@ struct Format
     void (*inspect)(Source const& source, Inspection& inspection);
     /// Looks for everything that is wrong with such a file. Null where it is checked as any mesh.
     void (*check)(Check& check) = nullptr;
+    /// Whether readers choose it by the suffix; else a file may have any.
+    bool needsSuffix = true;
 };
 
 /// Suffixes of files of meshers, which only "vmesh from" reads.

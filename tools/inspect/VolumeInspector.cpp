@@ -116,9 +116,10 @@ Format const volumeFormat = {"vmesh"_L1,  QLatin1StringView(QT_TRANSLATE_NOOP("T
                              inspectMesh, checkVolume};
 Format const conditionsFormat = {"conditions"_L1,
                                  QLatin1StringView(QT_TRANSLATE_NOOP("Text", "boundary conditions")),
-                                 ""_L1,
+                                 "conditions"_L1,
                                  recogniseConditions,
                                  inspectConditions,
-                                 checkConditions};
+                                 checkConditions,
+                                 false};
 
 } // namespace tool

@@ -30,7 +30,7 @@ obj::ObjText librariesOf(QIODevice& device)
 QString missingLibraryProblem(obj::MtlLibrary const& library, QString const& scanPath)
 {
     return Text::tr("the material library \"%1\" does not exist").arg(library.name) +
-           nearestNameQuestion(obj::pathBeside(scanPath, library.name), QFileInfo(scanPath).path());
+           nearestNameQuestion(obj::pathBeside(scanPath, library.name), scanPath, NamedKind::Library);
 }
 
 void warnOfMissingLibraries(QString const& scanPath, Console& console)

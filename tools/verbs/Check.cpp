@@ -2,12 +2,17 @@
 
 #include "Text.h"
 #include "Verb.h"
+#include "convert/Suffixes.h"
 #include "images/ImageLimit.h"
 #include "verbs/Inputs.h"
 
 #include <CLI/CLI.hpp>
 
+#include <QDir>
+#include <QFileInfo>
 #include <QStringList>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -31,15 +36,18 @@ QString summaryOf(Findings const& findings)
     return parts.join(u", "_s);
 }
 
-QString textOf(QString const& path, Findings const& findings)
+// Failures only for those who want nothing else.
+QString textOf(QString const& path, Findings const& findings, bool isQuiet)
 {
     QString text;
     for (Finding const& finding : findings.all()) {
+        if (isQuiet && finding.kind->severity != Severity::Error)
+            continue;
         text += u"%1: %2: %3\n"_s.arg(path, Text::shown(nameOf(finding.kind->severity)), finding.reason);
         if (!finding.remedy.isEmpty())
             text += u"    "_s + finding.remedy + u'\n';
     }
-    if (summaryOf(findings).isEmpty())
+    if (summaryOf(findings).isEmpty() && !isQuiet)
         text += path + Text::tr(": sound") + u'\n';
     return text;
 }
@@ -66,8 +74,44 @@ void summarise(QString const& path, Findings const& findings, Console& console)
         console.warning(path + u": "_s + summaryOf(findings));
 }
 
-Findings findingsOf(Input const& input, CheckContext& context)
+// Whoever names a folder says nothing of what belongs together: conditions in it are those of the volume mesh
+// beside them that has their name.
+CheckContext contextBeside(QString const& path)
 {
+    QFileInfo const conditions(path);
+    QString const mesh = conditions.path() + u'/' + conditions.completeBaseName() + u".vmesh"_s;
+    CheckContext context;
+    if (!QFileInfo(mesh).isFile())
+        return context;
+    VolumeFile file = readVolumeFile(mesh);
+    if (file.problem.isEmpty()) {
+        context.volume = std::move(file);
+        context.volumePath = QDir::cleanPath(mesh);
+    }
+    return context;
+}
+
+// Whether the file was not named itself, nor by a pattern.
+bool isOfFolder(QString const& path, std::vector<std::string> const& arguments)
+{
+    bool isBelow = false;
+    for (std::string const& argument : arguments) {
+        QString const name = QDir::cleanPath(QString::fromStdString(argument));
+        if (name == path)
+            return false;
+        isBelow =
+            isBelow || (QFileInfo(name).isDir() && !QDir(name).relativeFilePath(path).startsWith(".."_L1));
+    }
+    return isBelow;
+}
+
+Findings findingsOf(Input const& input, Options const& options, CheckContext& context)
+{
+    if (input.problem.isEmpty() && hasSuffix(input.path, "conditions"_L1) &&
+        isOfFolder(input.path, options.inputs)) {
+        CheckContext beside = contextBeside(input.path);
+        return checkFile(input.path, beside);
+    }
     if (input.problem.isEmpty())
         return checkFile(input.path, context);
     Findings findings;
@@ -83,10 +127,10 @@ ExitCode run(Options const& options, Console& console)
     Report all;
     all.addList("files"_L1);
     for (Input const& input : inputs) {
-        Findings const findings = findingsOf(input, context);
+        Findings const findings = findingsOf(input, options, context);
         summarise(input.path, findings, console);
         if (!options.json)
-            console.result(printable(textOf(input.path, findings)));
+            console.result(printable(textOf(input.path, findings, console.isQuiet())));
         addTo(all, input.path, findings);
         code = combined(code, findings.exitCode(), inputs.size() == 1);
     }

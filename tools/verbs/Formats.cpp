@@ -27,6 +27,8 @@ using BySuffix = std::map<QString, Abilities>;
 BySuffix abilities()
 {
     BySuffix all;
+    all[u"msh"_s].title = Text::tr("Gmsh, for vmesh from");
+    all[u"vtk"_s].title = Text::tr("VTK, for vmesh from");
     for (Format const& format : formats()) {
         for (QString const& suffix : split(format.suffixes))
             all[suffix] = {Text::shown(format.title), true};

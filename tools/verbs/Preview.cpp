@@ -28,6 +28,7 @@ struct Options
     int size = 512;
     std::string view = "iso";
     std::string by = "auto";
+    std::string format;
     bool sheet = false;
     bool force = false;
 };
@@ -90,6 +91,13 @@ ExitCode load(QString const& path, preview::Model& model, Console& console)
     return fail(ExitCode::ReadOrWriteFailed, path, Text::tr("could not be read"), console);
 }
 
+bool hasTags(preview::Model const& model)
+{
+    return std::any_of(model.surfaces.begin(), model.surfaces.end(), [](preview::Surface const& surface) {
+        return surface.tag != 0 || surface.subTag != 0;
+    });
+}
+
 QImage draw(preview::Model const& model, Options const& options)
 {
     preview::Colouring const colouring = colouringOf(options.by);
@@ -112,7 +120,7 @@ ExitCode run(Options const& options, Console& console)
 {
     QString const in = QString::fromStdString(options.in);
     QString const out = QString::fromStdString(options.out);
-    if (QFileInfo(out).suffix().compare("png"_L1, Qt::CaseInsensitive) != 0)
+    if (options.format.empty() && QFileInfo(out).suffix().compare("png"_L1, Qt::CaseInsensitive) != 0)
         return fail(ExitCode::Usage, out, Text::tr("expected the suffix .png"), console);
     BytesFile output(out);
     if (QString const problem = output.open(options.force); !problem.isEmpty())
@@ -123,6 +131,8 @@ ExitCode run(Options const& options, Console& console)
         return reported(problem, out, console);
     if (code != ExitCode::Ok)
         return code;
+    if (colouringOf(options.by) == preview::Colouring::Tag && !hasTags(model))
+        console.warning(in + u": "_s + Text::tr("has no tags that could colour it"));
     QString const problem = write(output, draw(model, options));
     return problem.isEmpty() ? ExitCode::Ok : fail(ExitCode::ReadOrWriteFailed, out, problem, console);
 }
@@ -134,6 +144,8 @@ Verb::Action setUp(CLI::App& app)
                    Text::tr("File to show: %1").arg(suffixesOf(meshSources())).toStdString())
         ->required();
     app.add_option("-o,--output", options->out, Text::utf8("Picture to write, .png"))->required();
+    app.add_option("--format", options->format, Text::utf8("png: OUT is such a picture, whatever its suffix"))
+        ->check(oneOf({"png"}));
     app.add_option("--size", options->size,
                    Text::utf8("Width and height in pixels; with --sheet, of each view"))
         ->check(CLI::Range(16, 4096))
