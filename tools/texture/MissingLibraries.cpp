@@ -29,6 +29,8 @@ obj::ObjText librariesOf(QIODevice& device)
 
 QString missingLibraryProblem(obj::MtlLibrary const& library, QString const& scanPath)
 {
+    if (library.isSeveral)
+        return obj::severalNamesProblem(library);
     return Text::tr("the material library \"%1\" does not exist").arg(library.name) +
            nearestNameQuestion(obj::pathBeside(scanPath, library.name), scanPath, NamedKind::Library);
 }

@@ -56,8 +56,6 @@ QString stopProblem(obj::MtlLibrary const& library, QString const& scanPath)
 
 QString libraryProblem(obj::MtlLibrary const& library, QString const& scanPath)
 {
-    if (library.isSeveral)
-        return obj::severalNamesProblem(library);
     if (!library.isFound)
         return missingLibraryProblem(library, scanPath);
     return library.stopsAt > 0 ? stopProblem(library, scanPath) : QString();

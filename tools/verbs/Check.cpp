@@ -12,8 +12,6 @@
 #include <QFileInfo>
 #include <QStringList>
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace tool {
