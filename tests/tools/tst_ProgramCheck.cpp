@@ -83,7 +83,8 @@ private Q_SLOTS:
         QJsonObject const nothing = {
             {u"code"_s, u"missing"_s},
             {u"severity"_s, u"error"_s},
-            {u"reason"_s, u"found no files of the suffixes .shapetree, .ply, .stl, .vmesh, .obj, .array"_s},
+            {u"reason"_s,
+             u"found no files of the suffixes .shapetree, .ply, .stl, .vmesh, .conditions, .obj, .array"_s},
             {u"remedy"_s, u"check the spelling of the path"_s}};
         QCOMPARE(jsonOf(u"none"_s)["files"_L1][0]["findings"_L1], QJsonArray({nothing}));
     }
