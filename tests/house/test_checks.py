@@ -95,11 +95,25 @@ class Tidy(unittest.TestCase):
         self.assertEqual(len(check_tidy.exclusions("Checks: >\n  -*,\n  -a-b,\n  y")), 1)
         self.assertEqual(len(check_tidy.exclusions("#   a-b  because\nChecks: >\n  -*,\n  y")), 1)
 
+    def test_checks_that_are_not_there(self):
+        known = ["a-b", "a-c", "d-e"]
+        self.assertEqual(check_tidy.exclusions("#   a-b  because\nChecks: >\n  -*,\n  a-*,\n  -a-b", known), [])
+        for excluded, included in (("d-e", "a-*"), ("a-x", "a-*"), ("a-b", "x-*,\n  a-*")):
+            text = f"#   {excluded}  because\nChecks: >\n  -*,\n  {included},\n  -{excluded}"
+            self.assertEqual(len(check_tidy.exclusions(text, known)), 1, text)
+
+    def test_codes(self):
+        self.assertEqual(check_tidy.disabled_codes("lint:\n  #   C0103  why\n  #   W1  why\n  disabled_codes: [C0103,\n W1]"), [])
+        self.assertEqual(len(check_tidy.disabled_codes("lint:\n  disabled_codes: [C0103]")), 1)
+        self.assertEqual(len(check_tidy.disabled_codes("lint:\n  #   C0103  why\n  disabled_codes: []")), 1)
+
     def test_nolint(self):
-        for good in ("// NOLINT(a-b)", "// NOLINTNEXTLINE(a-b)", "// NOLINTEND(a-b)"):
-            self.assertEqual(check_tidy.bare_nolints("f", good), [])
-        for bad in ("// NOLINT", "// NOLINTNEXTLINE", "// NOLINT: why", "// NOLINT()"):
-            self.assertEqual(len(check_tidy.bare_nolints("f", bad)), 1)
+        for good in ("a; // NOLINT(a-b): for this reason", "a; // for this reason NOLINT(a-b)", "// NOLINTEND(a-b)",
+                     "// for this reason\n// NOLINTNEXTLINE(a-b)\na;", "    // for this reason\na; // NOLINT(a-b)"):
+            self.assertEqual(check_tidy.nolints("f", good), [], good)
+        for bad in ("// NOLINT", "// NOLINTNEXTLINE", "// NOLINT: why", "// NOLINT()", "a; // NOLINT(a-b)", "// NOLINTBEGIN(a-b)",
+                    "a b;\nc; // NOLINT(a-b)", "//\n// NOLINTNEXTLINE(a-b)", "// for this reason\n\na; // NOLINT(a-b)"):
+            self.assertEqual(len(check_tidy.nolints("f", bad)), 1, bad)
 
 
 if __name__ == "__main__":

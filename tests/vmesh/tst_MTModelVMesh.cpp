@@ -43,6 +43,11 @@ bool hasNoArrays(MTModelVMesh const& mesh)
            mesh.triangles.isNull() && mesh.boundFaces.isNull();
 }
 
+bool hasNoArrays(MTModelBoundaryConditions const& conditions)
+{
+    return conditions.pointIndices.isNull() && conditions.values.isNull();
+}
+
 MTModelBoundaryConditions fullConditions()
 {
     return {1, support::sharedArray(QList<qint32>{7}), support::sharedArray(QList<float>{1, 2, 3})};
@@ -97,10 +102,12 @@ private Q_SLOTS:
         MTModelVMesh mesh = fullMesh();
         MTModelVMesh const copy = mesh;
         MTModelVMesh moved(std::move(mesh));
+        // What a move leaves behind is what this test is about.
         QVERIFY(hasNoArrays(mesh)); // NOLINT(bugprone-use-after-move)
         QVERIFY(sharesArrays(moved, copy));
         MTModelVMesh assigned;
         assigned = std::move(moved);
+        // As above.
         QVERIFY(hasNoArrays(moved)); // NOLINT(bugprone-use-after-move)
         QVERIFY(sharesArrays(assigned, copy));
         QVERIFY(support::sameBits(assigned, copy));
@@ -121,8 +128,7 @@ private Q_SLOTS:
     {
         MTModelBoundaryConditions const conditions;
         QCOMPARE(conditions.numBoundaryConditions, -1);
-        QVERIFY(conditions.pointIndices.isNull());
-        QVERIFY(conditions.values.isNull());
+        QVERIFY(hasNoArrays(conditions));
     }
 
     void copiesOfConditionsShareTheArrays()
@@ -143,11 +149,12 @@ private Q_SLOTS:
         MTModelBoundaryConditions conditions = fullConditions();
         MTModelBoundaryConditions const copy = conditions;
         MTModelBoundaryConditions moved(std::move(conditions));
-        QVERIFY(conditions.pointIndices.isNull() &&
-                conditions.values.isNull()); // NOLINT(bugprone-use-after-move)
+        // What a move leaves behind is what this test is about.
+        QVERIFY(hasNoArrays(conditions)); // NOLINT(bugprone-use-after-move)
         MTModelBoundaryConditions assigned;
         assigned = std::move(moved);
-        QVERIFY(moved.pointIndices.isNull() && moved.values.isNull()); // NOLINT(bugprone-use-after-move)
+        // As above.
+        QVERIFY(hasNoArrays(moved)); // NOLINT(bugprone-use-after-move)
         QCOMPARE(assigned.pointIndices, copy.pointIndices);
         QCOMPARE(assigned.values, copy.values);
         QCOMPARE(assigned.numBoundaryConditions, 1);
