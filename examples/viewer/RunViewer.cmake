@@ -48,8 +48,8 @@ expect_notes(box.vmesh "2 tetrahedra" "6 triangles")
 expect_notes(tree-2.0.shapetree "shape Oberkiefer")
 expect_notes(shape-2.0.shapetree "1 triangles" "shape 1")
 
-set(like_preview tagged.stl plain.stl coloured.ply textured.obj square.obj record.array box.vmesh)
-foreach(file IN LISTS like_preview ITEMS dense.ply vertices.ply)
+set(like_preview plain.stl coloured.ply textured.obj square.obj record.array box.vmesh)
+foreach(file IN LISTS like_preview ITEMS dense.ply vertices.ply tagged.stl)
   surfaceio(preview "${file}" --view iso --size 480 -o "${file}.preview.png")
 endforeach()
 
@@ -71,6 +71,8 @@ endforeach()
 expect_comparison(cloud.ply dense.ply ${alike})
 expect_comparison(faces.ply vertices.ply ${alike})
 expect_comparison(shapes.xml coloured.ply ${alike})
+# The viewer has colours of its own for tags.
+expect_comparison(tagged.stl plain.stl ${other_colours})
 # The comparison itself: a model in one colour is not that model in its colours, and another model is another.
 foreach(file IN ITEMS tagged.stl coloured.ply textured.obj)
   expect_comparison(plain.stl "${file}" ${other_colours})

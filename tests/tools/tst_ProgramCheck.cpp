@@ -219,7 +219,7 @@ private Q_SLOTS:
         write(u"none/.hidden/a.stl"_s, binaryStl(stlFacet(0)));
         QByteArray const nothing =
             "none: error: found no files of the suffixes .shapetree, .ply, .stl, .vmesh, "
-            ".obj, .array\n    check the spelling of the path\n";
+            ".conditions, .obj, .array\n    check the spelling of the path\n";
         verify(check({u"none"_s}), 1, nothing, u"surfaceio: none: 1 error\n"_s);
         verify(check({u"none"_s, u"scans/b.stl"_s}), 6, nothing + ofOpenFacet("scans/b.stl"),
                u"surfaceio: none: 1 error\n"_s);
