@@ -1,10 +1,10 @@
 #include "LibraryLog.h"
 
 #include "Console.h"
+#include "Rewording.h"
 #include "Text.h"
 
 #include <QDebug>
-#include <QRegularExpression>
 
 #include <array>
 
@@ -13,30 +13,12 @@ namespace tool {
 namespace {
 
 // What the library says to developers, and the same for people.
-struct Row
-{
-    char const* pattern;
-    char const* text;
-};
-
 constexpr std::array rows = {
-    Row{"`anonymous-namespace'::toFloatIfConditionValid Invalid string to float conversion: *\"(.*)\"",
-        QT_TRANSLATE_NOOP("Text", "\"%1\" stands where a number is expected, and is read as 0")},
-    Row{"(?:OBJReader::loadTexture )?Texture file \"(.*)\" not found",
-        QT_TRANSLATE_NOOP("Text", "the image \"%1\" does not exist")},
+    Rewording{"`anonymous-namespace'::toFloatIfConditionValid Invalid string to float conversion: *\"(.*)\"",
+              QT_TRANSLATE_NOOP("Text", "\"%1\" stands where a number is expected, and is read as 0")},
+    Rewording{"(?:OBJReader::loadTexture )?Texture file \"(.*)\" not found",
+              QT_TRANSLATE_NOOP("Text", "the image \"%1\" does not exist")},
 };
-
-QString reworded(QString const& message)
-{
-    for (Row const& row : rows) {
-        QRegularExpression const pattern(
-            QRegularExpression::anchoredPattern(QString::fromLatin1(row.pattern)),
-            QRegularExpression::DotMatchesEverythingOption);
-        if (auto const match = pattern.match(message); match.hasMatch())
-            return Text::tr(row.text).arg(match.captured(1));
-    }
-    return message;
-}
 
 Console* shownOn = nullptr;
 thread_local LogCapture* innermostCapture = nullptr;
@@ -47,7 +29,7 @@ void handleMessage(QtMsgType type, QMessageLogContext const&, QString const& tex
     if (isWarning && innermostCapture != nullptr)
         innermostCapture->add(text.trimmed());
     else if (shownOn != nullptr && isWarning)
-        shownOn->warning(reworded(text.trimmed()));
+        shownOn->warning(reworded(text.trimmed(), rows));
     else if (shownOn != nullptr)
         shownOn->note(text.trimmed());
 }
