@@ -3,12 +3,11 @@
 #include "bundle/ShapeList.h"
 #include "framework/MeshReader.h"
 #include "inspect/Format.h"
-#include "output/OutputFile.h"
+#include "output/BytesFile.h"
 #include "ply/PLYReader.h"
 #include "scene/AssociatedShapesXMLWriter.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -75,16 +74,11 @@ Problem addMesh(QString const& path, PackOptions const& options, AssociatedShape
 
 QString writeDocument(QByteArray const& content, PackOptions const& options)
 {
-    OutputFile output(options.out);
-    if (QString problem = output.open(options.mayReplace); !problem.isEmpty())
-        return problem;
-    QFile file(output.temporaryPath());
-    if (!file.open(QIODevice::WriteOnly))
-        return Text::tr("cannot be written: ") + file.errorString();
-    if (file.write(content) != content.size() || !file.flush())
-        return whyNotWritten(output.temporaryPath());
-    file.close();
-    return output.commit(content.size());
+    BytesFile output(options.out);
+    QString problem = output.open(options.mayReplace);
+    if (problem.isEmpty())
+        problem = output.write(content);
+    return problem.isEmpty() ? output.commit() : problem;
 }
 
 } // namespace
