@@ -42,14 +42,12 @@ QString sizeProblem(QString const& path, qint64 expectedBytes)
     qint64 const size = file.isFile() ? file.size() : 0;
     if (expectedBytes < 0 ? size > 0 : size == expectedBytes)
         return {};
-    if (QString const reason = size < expectedBytes || size == 0 ? whyNoMore(path) : QString();
-        !reason.isEmpty())
-        return Text::tr("could not be written: ") + reason;
-    if (expectedBytes < 0)
-        return Text::tr("nothing was written; is the disk full?");
-    return Text::tr("expected to write %1 bytes, found %2 in the file; is the disk full?")
-        .arg(expectedBytes)
-        .arg(size);
+    QString const problem =
+        expectedBytes < 0 ? Text::tr("nothing was written; is the disk full?")
+                          : Text::tr("expected to write %1 bytes, found %2 in the file; is the disk full?")
+                                .arg(expectedBytes)
+                                .arg(size);
+    return size < expectedBytes || size == 0 ? whyNotWritten(path, problem) : problem;
 }
 
 QString replace(QString const& from, QString const& to)
@@ -63,7 +61,7 @@ QString replace(QString const& from, QString const& to)
 
 } // namespace
 
-QString whyNoMore(QString const& path)
+QString whyNotWritten(QString const& path, QString const& otherwise)
 {
     constexpr qint64 block = 1 << 16;
     constexpr qint64 enough = 1 << 20; // what was cut off may have ended within a block of the disk
@@ -72,13 +70,14 @@ QString whyNoMore(QString const& path)
     QByteArray const zeros(block, '\0');
     for (qint64 written = 0; takesMore && written < enough; written += block)
         takesMore = file.write(zeros) > 0;
-    return takesMore ? QString() : file.errorString();
+    return takesMore || file.errorString().isEmpty()
+               ? otherwise
+               : Text::tr("could not be written: ") + file.errorString();
 }
 
 QString whyNotWritten(QString const& path)
 {
-    QString const reason = whyNoMore(path);
-    return reason.isEmpty() ? Text::tr("could not be written") : Text::tr("could not be written: ") + reason;
+    return whyNotWritten(path, Text::tr("could not be written"));
 }
 
 OutputFile::OutputFile(QString const& target_)

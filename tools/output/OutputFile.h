@@ -9,10 +9,11 @@
 
 namespace tool {
 
-/// What the system says when more is written to the end of a file that is lost anyway; empty when it takes
-/// more. Neither Qt nor the library keep a reason when only some of the bytes were taken.
-QString whyNoMore(QString const& path);
-/// The same as a sentence, "could not be written: No space left on device".
+/// Why a file, which is lost anyway, holds less than was written: "could not be written: " and what the
+/// system says when more is written to its end, or `otherwise` when it takes more. Neither Qt nor the library
+/// keep a reason when only some of the bytes were taken.
+QString whyNotWritten(QString const& path, QString const& otherwise);
+/// The same, otherwise "could not be written".
 QString whyNotWritten(QString const& path);
 
 /// A file that appears whole or not at all.

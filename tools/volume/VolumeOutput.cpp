@@ -63,12 +63,10 @@ Problem writeVolumeFile(OutputFile& output, MTModelVMesh& mesh, VolumeFile& writ
         return failed(whyNotWritten(output.temporaryPath()));
     // The writer does not notice a full disk.
     written = readVolumeFile(output.temporaryPath());
-    if (!written.problem.isEmpty() || !isSame(mesh, written.mesh)) {
-        QString const reason = whyNoMore(output.temporaryPath());
-        if (!reason.isEmpty())
-            return failed(Text::tr("could not be written: ") + reason);
-        return failed(Text::tr("what was written is not what was to be written; is the disk full?"));
-    }
+    if (!written.problem.isEmpty() || !isSame(mesh, written.mesh))
+        return failed(
+            whyNotWritten(output.temporaryPath(),
+                          Text::tr("what was written is not what was to be written; is the disk full?")));
     constexpr qint64 anySize = -1;
     return failed(output.commit(anySize));
 }
