@@ -154,11 +154,6 @@ void addCount(QLatin1StringView code, qint64 count, char const* text, Findings& 
         findings.add(code, Text::counted(text, nullptr, count));
 }
 
-bool isFinite(QVector3D const& place)
-{
-    return std::isfinite(place.x()) && std::isfinite(place.y()) && std::isfinite(place.z());
-}
-
 // Vertices without a normal whose facets all have places: nothing else gives a normal to a facet with a NaN.
 qint64 countZeroNormals(geometry::Mesh const& mesh, std::vector<Facet> const& facets)
 {

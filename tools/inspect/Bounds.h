@@ -8,13 +8,18 @@
 
 namespace tool {
 
+inline bool isFinite(QVector3D const& point)
+{
+    return std::isfinite(point.x()) && std::isfinite(point.y()) && std::isfinite(point.z());
+}
+
 /// The box around points, and how many of them are not finite and stay outside.
 class Bounds
 {
 public:
     void add(QVector3D const& point)
     {
-        if (!std::isfinite(point.x()) || !std::isfinite(point.y()) || !std::isfinite(point.z())) {
+        if (!isFinite(point)) {
             ++nonFinite;
             return;
         }
