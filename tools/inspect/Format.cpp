@@ -2,6 +2,7 @@
 #include "Text.h"
 #include "convert/Suffixes.h"
 #include "inspect/Formats.h"
+#include "volume/TetrahedralMesh.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -15,10 +16,10 @@ namespace tool {
 
 namespace {
 
-bool isMissing(QString const& path)
+// With `error` why that is not known.
+bool isMissing(QString const& path, std::error_code& error)
 {
-    std::error_code ignored;
-    return std::filesystem::status(QFileInfo(path).filesystemFilePath(), ignored).type() ==
+    return std::filesystem::status(QFileInfo(path).filesystemFilePath(), error).type() ==
            std::filesystem::file_type::not_found;
 }
 
@@ -27,11 +28,9 @@ QString whyMissing(QString const& path)
 {
     if (QString problem = whyNoFileName(path); !problem.isEmpty())
         return problem;
-    if (isMissing(path))
-        return Text::tr("there is no such file");
     std::error_code error;
-    static_cast<void>(std::filesystem::status(QFileInfo(path).filesystemFilePath(), error));
-    return Text::tr("cannot be opened: ") + QString::fromStdString(error.message());
+    return isMissing(path, error) ? Text::tr("there is no such file")
+                                  : Text::tr("cannot be opened: ") + QString::fromStdString(error.message());
 }
 
 std::optional<RecognisedFile> recogniseContent(Source const& source)
@@ -70,12 +69,6 @@ OtherContent const* otherContentOf(Source const& source)
     return nullptr;
 }
 
-// A mesher's file is known by its suffix: what makes a volume mesh of it judges its content.
-bool isOfMesher(QString const& path)
-{
-    return hasSuffix(path, mesherSuffixes);
-}
-
 std::optional<RecognisedFile> recogniseSuffix(Source const& source)
 {
     for (Format const& format : formats()) {
@@ -89,7 +82,8 @@ QLatin1StringView problemCodeOf(QString const& path)
 {
     if (QFileInfo::exists(path))
         return "not-a-file"_L1;
-    return isMissing(path) ? "missing"_L1 : "cannot-open"_L1;
+    std::error_code ignored;
+    return isMissing(path, ignored) ? "missing"_L1 : "cannot-open"_L1;
 }
 
 std::optional<Source> open(QString const& path, Inspection& inspection)
@@ -170,7 +164,7 @@ std::optional<RecognisedFile> recogniseFile(QString const& path, Inspection& ins
     inspection.report.add("bytes"_L1, Text::tr("size in bytes"), source->size);
     if (file)
         inspection.fail(ExitCode::Malformed, Text::tr(other->sentence), other->code);
-    else if (isOfMesher(path))
+    else if (rowFor(path, volume::mesherFormats()) != nullptr)
         inspection.fail(ExitCode::Unsupported,
                         Text::tr("a file of a mesher; \"surfaceio vmesh from\" makes a volume mesh of it"),
                         "mesher-file"_L1);

@@ -59,9 +59,6 @@ struct Format
     bool needsSuffix = true;
 };
 
-/// Suffixes of files of meshers, which only "vmesh from" reads.
-constexpr QLatin1StringView mesherSuffixes("msh vtk");
-
 /// All formats; a file belongs to the first that recognises it.
 std::span<Format const> formats();
 

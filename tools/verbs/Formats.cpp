@@ -3,6 +3,7 @@
 #include "convert/MeshFile.h"
 #include "convert/Suffixes.h"
 #include "inspect/Format.h"
+#include "volume/TetrahedralMesh.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,8 +28,10 @@ using BySuffix = std::map<QString, Abilities>;
 BySuffix abilities()
 {
     BySuffix all;
-    all[u"msh"_s].title = Text::tr("Gmsh, for vmesh from");
-    all[u"vtk"_s].title = Text::tr("VTK, for vmesh from");
+    for (volume::MesherFormat const& format : volume::mesherFormats()) {
+        for (QString const& suffix : split(format.suffixes))
+            all[suffix].title = Text::tr(format.title);
+    }
     for (Format const& format : formats()) {
         for (QString const& suffix : split(format.suffixes))
             all[suffix] = {Text::shown(format.title), true};

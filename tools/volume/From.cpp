@@ -8,7 +8,6 @@
 
 #include <QFile>
 
-#include <array>
 #include <new>
 #include <span>
 
@@ -17,14 +16,6 @@ using namespace Qt::StringLiterals;
 namespace tool::volume {
 
 namespace {
-
-struct Source
-{
-    QLatin1StringView suffixes;
-    Problem (*read)(QByteArrayView text, TetrahedralMesh& mesh);
-};
-
-constexpr std::array sources = {Source{"msh"_L1, readGmsh}, Source{"vtk"_L1, readVtk}};
 
 /// What becomes of a file on its way.
 struct Import
@@ -55,15 +46,15 @@ Problem readText(QString const& path, QByteArray& text)
 
 Problem read(QString const& path, TetrahedralMesh& mesh)
 {
-    Source const* const source = rowFor(path, std::span<Source const>(sources));
-    if (source == nullptr)
-        return {ExitCode::Usage, Text::tr("expected one of the suffixes %1")
-                                     .arg(joinedSuffixes(std::span<Source const>(sources)))};
+    MesherFormat const* const format = rowFor(path, mesherFormats());
+    if (format == nullptr)
+        return {ExitCode::Usage,
+                Text::tr("expected one of the suffixes %1").arg(joinedSuffixes(mesherFormats()))};
     if (QString const problem = whyUnreadable(path); !problem.isEmpty())
         return {ExitCode::ReadOrWriteFailed, problem};
     QByteArray text;
     Problem const problem = readText(path, text);
-    return problem ? problem : source->read(text, mesh);
+    return problem ? problem : format->read(text, mesh);
 }
 
 void prepare(Import& import, FromOptions const& options)

@@ -4,7 +4,10 @@
 #include "volume/CellKinds.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace tool::volume {
 
@@ -18,7 +21,17 @@ QSharedPointer<Value> toShared(std::vector<Value> const& values)
     return array;
 }
 
+constexpr std::array formats = {
+    MesherFormat{"msh"_L1, QT_TRANSLATE_NOOP("Text", "Gmsh, for vmesh from"), readGmsh},
+    MesherFormat{"vtk"_L1, QT_TRANSLATE_NOOP("Text", "VTK, for vmesh from"), readVtk},
+};
+
 } // namespace
+
+std::span<MesherFormat const> mesherFormats()
+{
+    return formats;
+}
 
 Problem problemOf(CellKind const& kind, qint64 line)
 {

@@ -6,6 +6,7 @@
 #include <QByteArrayView>
 
 #include <map>
+#include <span>
 #include <vector>
 
 namespace tool::volume {
@@ -31,6 +32,18 @@ struct TetrahedralMesh
 /// never with the counts in it. An interruption is a problem.
 Problem readGmsh(QByteArrayView text, TetrahedralMesh& mesh);
 Problem readVtk(QByteArrayView text, TetrahedralMesh& mesh);
+
+/// Files of a mesher that "vmesh from" takes, and nothing else: known by their suffix, their content is
+/// judged by the reader.
+struct MesherFormat
+{
+    QLatin1StringView suffixes;
+    /// A source text of the translations.
+    char const* title;
+    Problem (*read)(QByteArrayView text, TetrahedralMesh& mesh);
+};
+
+std::span<MesherFormat const> mesherFormats();
 
 /// Takes points out that no tetrahedron has; the others keep their order. Returns how many it took out.
 qint64 removeUnusedPoints(TetrahedralMesh& mesh);
