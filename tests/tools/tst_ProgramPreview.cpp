@@ -89,6 +89,29 @@ private Q_SLOTS:
                u"surfaceio: warning: a.obj: the material library \"gone.mtl\" does not exist\n"_s);
     }
 
+    void missingLibraryAnywhere_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QByteArray const face = "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n";
+        QByteArray const comments = QByteArray("# comment\n").repeated(120'000); // more than a block
+        QTest::newRow("at the end") << comments + face + "mtllib gone.mtl";
+        QTest::newRow("over the end of a block")
+            << QByteArray("#").leftJustified((1 << 20) - 7, '.') + "\nmtllib gone.mtl\n" + face;
+        QTest::newRow("behind a line longer than blocks")
+            << QByteArray("#").leftJustified(3 << 20, '.') + "\n\tmtllib  gone.mtl\r\n" + face;
+        QTest::newRow("behind a line that only has the word")
+            << "# mtllib a.mtl\ng mtllib b.mtl\n" + face + "mtllib gone.mtl\n";
+        QTest::newRow("before everything") << "mtllib gone.mtl\n" + face + comments;
+    }
+
+    void missingLibraryAnywhere()
+    {
+        QFETCH(QByteArray, text);
+        write(u"a.obj"_s, text);
+        verify(preview({u"a.obj"_s, u"-o"_s, u"p.png"_s}), 0, {},
+               u"surfaceio: warning: a.obj: the material library \"gone.mtl\" does not exist\n"_s);
+    }
+
     void size()
     {
         write(u"s.stl"_s, binaryStl(stlFacet(0)));
