@@ -89,32 +89,17 @@ CheckContext contextBeside(QString const& path)
     return context;
 }
 
-// Whether the file was not named itself, nor by a pattern.
-bool isOfFolder(QString const& path, std::vector<std::string> const& arguments)
+Findings findingsOf(Input const& input, CheckContext& context)
 {
-    bool isBelow = false;
-    for (std::string const& argument : arguments) {
-        QString const name = QDir::cleanPath(QString::fromStdString(argument));
-        if (name == path)
-            return false;
-        isBelow =
-            isBelow || (QFileInfo(name).isDir() && !QDir(name).relativeFilePath(path).startsWith(".."_L1));
+    if (!input.problem.isEmpty()) {
+        Findings findings;
+        findings.fail(ExitCode::ReadOrWriteFailed, input.problemCode, input.problem);
+        return findings;
     }
-    return isBelow;
-}
-
-Findings findingsOf(Input const& input, Options const& options, CheckContext& context)
-{
-    if (input.problem.isEmpty() && hasSuffix(input.path, "conditions"_L1) &&
-        isOfFolder(input.path, options.inputs)) {
-        CheckContext beside = contextBeside(input.path);
-        return checkFile(input.path, beside);
-    }
-    if (input.problem.isEmpty())
+    if (!input.isOfFolder || !hasSuffix(input.path, "conditions"_L1))
         return checkFile(input.path, context);
-    Findings findings;
-    findings.fail(ExitCode::ReadOrWriteFailed, input.problemCode, input.problem);
-    return findings;
+    CheckContext beside = contextBeside(input.path);
+    return checkFile(input.path, beside);
 }
 
 ExitCode run(Options const& options, Console& console)
@@ -125,7 +110,7 @@ ExitCode run(Options const& options, Console& console)
     Report all;
     all.addList("files"_L1);
     for (Input const& input : inputs) {
-        Findings const findings = findingsOf(input, options, context);
+        Findings const findings = findingsOf(input, context);
         summarise(input.path, findings, console);
         if (!options.json)
             console.result(printable(textOf(input.path, findings, console.isQuiet())));

@@ -7,6 +7,7 @@
 #include "verbs/Folder.h"
 
 #include <QDir>
+#include <QHash>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -56,7 +57,7 @@ private:
             if (entry.isFolder && !entry.isLink)
                 search(path, joined(subfolder, entry.name));
             else if (entry.isFile && suffixes.contains(QFileInfo(path).suffix().toLower()))
-                inputs.push_back({path, subfolder});
+                inputs.push_back({path, subfolder, {}, {}, true});
         }
     }
 
@@ -137,17 +138,27 @@ std::vector<Input> expanded(QString const& argument, QStringList const& suffixes
 
 std::vector<Input> inputsIn(std::vector<std::string> const& arguments, QStringList const& suffixes)
 {
+    QStringList names;
+    for (std::string const& argument : arguments)
+        names << QDir::cleanPath(QString::fromStdString(argument));
+    QSet<QString> const named(names.begin(), names.end());
     std::vector<Input> inputs;
-    QSet<QString> known;
-    for (std::string const& argument : arguments) {
-        for (Input& input : expanded(QDir::cleanPath(QString::fromStdString(argument)), suffixes)) {
-            if (input.problem.isEmpty() && !whyNoFileName(input.path).isEmpty()) {
-                input.problem = whyNoFileName(input.path);
+    QHash<QString, std::size_t> places;
+    for (QString const& name : names) {
+        for (Input& input : expanded(name, suffixes)) {
+            if (QString const problem = whyNoFileName(input.path);
+                input.problem.isEmpty() && !problem.isEmpty()) {
+                input.problem = problem;
                 input.problemCode = "undecodable-name"_L1;
             }
-            if (!known.contains(input.path))
-                inputs.push_back(input);
-            known.insert(input.path);
+            input.isOfFolder = input.isOfFolder && !named.contains(input.path);
+            if (places.contains(input.path)) {
+                Input& known = inputs[places[input.path]];
+                known.isOfFolder = known.isOfFolder || input.isOfFolder;
+                continue;
+            }
+            places.insert(input.path, inputs.size());
+            inputs.push_back(input);
         }
     }
     return inputs;

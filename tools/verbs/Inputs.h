@@ -18,6 +18,8 @@ struct Input
     QString problem = {};
     /// One of the codes of check/Finding.cpp.
     QLatin1StringView problemCode = {};
+    /// Whether it lies in a folder that was named, and was not named itself.
+    bool isOfFolder = false;
 };
 
 /// The files that the arguments of a verb stand for, in their order: a folder stands for the files below it
