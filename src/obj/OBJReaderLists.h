@@ -65,12 +65,9 @@ private:
 /// What is known while a material library is read.
 struct OBJReader::LibraryReading
 {
-    explicit LibraryReading(OBJTextureCache& texturesOfTheRead)
-        : textures(texturesOfTheRead)
-    {}
-
-    QString currentMaterial;
+    // Of all libraries of the read.
     OBJTextureCache& textures;
+    QString currentMaterial = {};
     bool hasWarned = false;
 };
 

@@ -99,7 +99,7 @@ std::vector<QString> OBJReader::reconstructMTLFileNames(QList<QString> const& to
 OBJReader::Error OBJReader::handleMTL(QString const& mtlFileName)
 {
     OBJTextureCache textures;
-    LibraryReading library(textures);
+    LibraryReading library{textures};
     return handleMTL(mtlFileName, library);
 }
 

@@ -211,7 +211,7 @@ void OBJReader::readMaterialLibrary(Tokens const& tokens, WorkingLists& lists)
         error = MultipleMaterialFilesUnsupported;
     } else if (names.size() == 1 && names.front() != lists.currentLibrary) {
         // Some programs name their library before each object.
-        LibraryReading library(lists.textures);
+        LibraryReading library{lists.textures};
         Error const result = handleMTL(names.front(), library);
         lists.currentLibrary = result == NoError && !library.hasWarned ? names.front() : QString();
         if (textureSupport == TextureRequired)
