@@ -1,12 +1,6 @@
 # The same program without CMake: one line with what pkg-config says.
 include("${CMAKE_CURRENT_LIST_DIR}/../support/Consume.cmake")
-find_program(PKG_CONFIG pkg-config)
-if(NOT PKG_CONFIG)
-  message(STATUS "skipped: there is no pkg-config")
-  return()
-endif()
-file(REMOVE_RECURSE "${SCRATCH}")
-file(MAKE_DIRECTORY "${SCRATCH}")
+require_pkg_config()
 set(ENV{PKG_CONFIG_PATH} "${MOVED}/${LIBDIR}/pkgconfig")
 
 run("${PKG_CONFIG}" --modversion surfaceio)

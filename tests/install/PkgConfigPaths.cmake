@@ -1,11 +1,6 @@
 # Folders that do not lie below the prefix stand in the .pc file as they are. It is only configured.
 include("${CMAKE_CURRENT_LIST_DIR}/../support/Consume.cmake")
-find_program(PKG_CONFIG pkg-config)
-if(NOT PKG_CONFIG)
-  message(STATUS "skipped: there is no pkg-config")
-  return()
-endif()
-file(REMOVE_RECURSE "${SCRATCH}")
+require_pkg_config()
 use_prefix("${SCRATCH}")
 set(ENV{PKG_CONFIG_PATH} "${SCRATCH}")
 

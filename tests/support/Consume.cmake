@@ -21,6 +21,17 @@ function(run)
   set(OUTPUT "${output}" PARENT_SCOPE)
 endfunction()
 
+# require_pkg_config(): PKG_CONFIG, and an empty SCRATCH; ends the script where there is none.
+macro(require_pkg_config)
+  find_program(PKG_CONFIG pkg-config)
+  if(NOT PKG_CONFIG)
+    message(STATUS "skipped: there is no pkg-config")
+    return()
+  endif()
+  file(REMOVE_RECURSE "${SCRATCH}")
+  file(MAKE_DIRECTORY "${SCRATCH}")
+endmacro()
+
 # build(<name> <source> [-D...]): configures and builds in a folder of its own.
 function(build name source)
   set(options -D CMAKE_INSTALL_LIBDIR=lib)
