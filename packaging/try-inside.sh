@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What packaging/try.sh does in the new root. The packages lie beside it.
+# What packaging/try.sh does in the new root. The packages lie beside it, and the program that is built with them.
 set -euo pipefail
 cd "$(dirname "$0")"
 export HOME=$PWD DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8
@@ -36,34 +36,12 @@ compgen -G '/usr/share/man/man1/surfaceio.1*'
 
 say "install what programs are built with"
 quietly apt-get install -y ./libsurfaceio-dev_*.deb g++ cmake make pkgconf
-mkdir consumer
-cat >consumer/main.cpp <<'CPP'
-#include <stl/STLReader.h>
-
-#include <iostream>
-
-int main(int, char** arguments)
-{
-    std::atomic<bool> const cancel = false;
-    STLReader reader(nullptr, false, QString::fromLocal8Bit(arguments[1]));
-    bool const success = reader.read(cancel);
-    std::cout << reader.getMesh().vertices.size() << " vertices\n";
-    return success ? 0 : 1;
-}
-CPP
-cat >consumer/CMakeLists.txt <<'CMAKE'
-cmake_minimum_required(VERSION 3.25)
-project(consumer LANGUAGES CXX)
-find_package(SurfaceIO 0.1 REQUIRED)
-add_executable(consumer main.cpp)
-target_link_libraries(consumer PRIVATE SurfaceIO::SurfaceIO)
-CMAKE
-quietly cmake -S consumer -B consumer/build
+quietly cmake -S consumer -B consumer/build -D EXPECTED_PREFIX=/usr
 quietly cmake --build consumer/build
-consumer/build/consumer scan.stl
+consumer/build/consumer consumer/tetrahedron.stl copy.ply
 # shellcheck disable=SC2046 # a list of options
 g++ -std=c++20 -fPIC consumer/main.cpp $(pkg-config --cflags --libs surfaceio) -o consumer/by-pkg-config
-consumer/by-pkg-config scan.stl
+consumer/by-pkg-config consumer/tetrahedron.stl copy.ply german
 
 say "remove"
 quietly apt-get purge -y surfaceio libsurfaceio-dev libsurfaceio0
