@@ -14,5 +14,6 @@ rm "$root.log"
 cp /etc/apt/apt.conf.d/* "$root/etc/apt/apt.conf.d/"
 cp "$(dirname "$0")/try-inside.sh" "$folder"/*.deb "$root/root/"
 cp -r "$(dirname "$0")/../tests/install/consumer" "$root/root/"
-# A name space of its own, so that /proc goes with it.
-unshare --mount bash -c "mount -t proc proc '$root/proc' && chroot '$root' bash /root/try-inside.sh"
+# A name space of its own, so that /proc goes with it, and nothing of the environment here, which may name compilers.
+unshare --mount bash -c "mount -t proc proc '$root/proc' &&
+    env --ignore-environment PATH=/usr/sbin:/usr/bin:/sbin:/bin chroot '$root' bash /root/try-inside.sh"
