@@ -1,6 +1,7 @@
 #include "framework/ByteLines.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace text {
 
@@ -64,7 +65,9 @@ void ByteLines::endLastLine()
 
 QByteArrayView ByteLines::line() const
 {
-    qsizetype length = QByteArrayView(text(), wholeLines - next).indexOf('\n');
+    auto const* lineFeed =
+        static_cast<char const*>(std::memchr(text(), '\n', std::size_t(wholeLines - next)));
+    qsizetype length = lineFeed - text();
     if (length > 0 && text()[length - 1] == '\r')
         --length;
     return QByteArrayView(text(), length);

@@ -29,6 +29,8 @@ public:
     bool isLineTooLong() const { return filled > next && wholeLines == 0; }
     /// The first byte of the line. A line feed follows sooner or later, at the end of the data too.
     char const* text() const { return buffer.data() + next; }
+    /// Behind the last line feed that is at hand.
+    char const* end() const { return buffer.data() + wholeLines; }
     /// The line without its end.
     QByteArrayView line() const;
     /// Goes on behind the line, which `end` is the end of: the byte behind its line feed.

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 using namespace Qt::StringLiterals;
 
@@ -64,25 +65,26 @@ char const* skipSpaces(char const* next, char const* end)
     return next;
 }
 
-// A vertex line as exporters write it: the keyword and three numbers in plain spelling, spaces between them.
-std::optional<QVector3D> parsePlainVertex(QByteArrayView line)
+// The keyword and three numbers in plain spelling, spaces between them. Behind them; null where there is
+// something else.
+char const* readPlainVertex(char const* next, char const* end, QVector3D& vertex)
 {
-    char const* const end = line.end();
-    char const* next = skipSpaces(line.begin(), end);
-    if (!QByteArrayView(next, end).startsWith(QByteArrayView(vertexKeyword.data(), vertexKeyword.size())))
-        return {};
+    next = skipSpaces(next, end);
+    if (end - next < vertexKeyword.size() ||
+        std::memcmp(next, vertexKeyword.data(), std::size_t(vertexKeyword.size())) != 0)
+        return nullptr;
     next += vertexKeyword.size();
     std::array<float, 3> xyz{};
     for (float& number : xyz) {
         char const* const first = skipSpaces(next, end);
         if (first == next)
-            return {};
+            return nullptr;
         next = first;
         if (!numbers::takeFloat(next, end, number))
-            return {};
+            return nullptr;
     }
-    bool const isWhole = next == end || (*next == ' ' && text::isAscii(QByteArrayView(next, end)));
-    return isWhole ? std::optional(QVector3D(xyz[0], xyz[1], xyz[2])) : std::nullopt;
+    vertex = QVector3D(xyz[0], xyz[1], xyz[2]);
+    return next;
 }
 
 // Whether a line that is not ASCII is skipped however it is decoded: its first character shows that it is
@@ -139,20 +141,32 @@ std::optional<QVector3D> parseVertex(QStringView line)
     return vertex;
 }
 
+char const* takeVertexLine(char const* next, char const* end, QVector3D& vertex)
+{
+    QVector3D taken;
+    next = readPlainVertex(next, end, taken);
+    if (!next)
+        return nullptr;
+    next = skipSpaces(next, end);
+    if (next != end && *next == '\r')
+        ++next;
+    if (next == end || *next != '\n')
+        return nullptr;
+    vertex = taken;
+    return next + 1;
+}
+
 Line parseLine(QByteArrayView line, QVector3D& vertex)
 {
-    std::optional<QVector3D> parsed = parsePlainVertex(line);
-    if (!parsed) {
-        if (!text::isAscii(line))
-            return isOtherText(line) ? Line::Skipped : Line::Unclear;
-        char const* const first = std::find_if_not(line.begin(), line.end(), isWhiteSpace);
-        if (first == line.end() || *first != vertexKeyword.front().toLatin1())
-            return Line::Skipped;
-        QString const decoded = QString::fromLatin1(line);
-        if (!isVertexLine(decoded))
-            return Line::Skipped;
-        parsed = parseVertex(decoded);
-    }
+    if (!text::isAscii(line))
+        return isOtherText(line) ? Line::Skipped : Line::Unclear;
+    char const* const first = std::find_if_not(line.begin(), line.end(), isWhiteSpace);
+    if (first == line.end() || *first != vertexKeyword.front().toLatin1())
+        return Line::Skipped;
+    QString const decoded = QString::fromLatin1(line);
+    if (!isVertexLine(decoded))
+        return Line::Skipped;
+    std::optional<QVector3D> const parsed = parseVertex(decoded);
     vertex = parsed.value_or(vertex);
     return parsed ? Line::Vertex : Line::Broken;
 }

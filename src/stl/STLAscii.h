@@ -35,4 +35,9 @@ enum class Line
 /// The same for the bytes of a line without its end. `vertex` is set for a vertex line.
 Line parseLine(QByteArrayView line, QVector3D& vertex);
 
+/// Reads a vertex line at the start of [next, end) as exporters write it: the keyword and three numbers in
+/// plain spelling, spaces between them. Where the line after it begins; null, with `vertex` as it was, at any
+/// other line, which `parseLine` reads. That would read these lines alike.
+char const* takeVertexLine(char const* next, char const* end, QVector3D& vertex);
+
 } // namespace stl

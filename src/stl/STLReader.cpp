@@ -55,6 +55,17 @@ void appendVertex(geometry::Mesh& mesh, QVector3D const& vertex)
     mesh.vertices.append(vertex);
 }
 
+stl::Line readAsciiLine(text::ByteLines& lines, QVector3D& vertex)
+{
+    if (char const* const next = stl::takeVertexLine(lines.text(), lines.end(), vertex)) {
+        lines.goTo(next);
+        return stl::Line::Vertex;
+    }
+    QByteArrayView const bytes = lines.line();
+    lines.goBehind(bytes);
+    return stl::parseLine(bytes, vertex);
+}
+
 } // namespace
 
 STLReader::STLReader(STLTagHandler const* tagHandler, bool sharpEdges_, QString const& fileName_)
@@ -160,13 +171,11 @@ std::optional<bool> STLReader::readAsciiBytes(QIODevice& device, std::atomic<boo
     QVector3D vertex;
     text::ByteLines lines(device);
     for (bool isFirst = true; lines.fetch(); isFirst = false) {
-        QByteArrayView const bytes = lines.line();
         if (cancel && !isFirst) {
             cleanSTLData();
             return false;
         }
-        stl::Line const line = stl::parseLine(bytes, vertex);
-        lines.goBehind(bytes);
+        stl::Line const line = readAsciiLine(lines, vertex);
         if (line == stl::Line::Unclear)
             return {};
         if (line == stl::Line::Skipped || isFirst)
