@@ -13,13 +13,29 @@ OBJCornerMap::OBJCornerMap(qsizetype positionCount)
     links.reserve(static_cast<std::size_t>(positionCount));
 }
 
+bool OBJCornerMap::isAt(Link const& link, OBJReader::VertexIndices const& corner) const
+{
+    return link.normal == corner.normal && link.uv == corner.uv && link.material == corner.material;
+}
+
+int OBJCornerMap::lengthOf(int chain) const
+{
+    int length = 0;
+    for (int i = chain; i != noLink; i = links[static_cast<std::size_t>(i)].next)
+        ++length;
+    return length;
+}
+
 int OBJCornerMap::find(OBJReader::VertexIndices const& corner) const
 {
-    int const first = chains[static_cast<std::size_t>(corner.vertex)];
-    for (int i = first; i != noLink; i = links[static_cast<std::size_t>(i)].next)
-        if (links[static_cast<std::size_t>(i)].corner == corner)
+    int length = 0;
+    for (int i = chains[static_cast<std::size_t>(corner.vertex)]; i != noLink; ++length) {
+        Link const& link = links[static_cast<std::size_t>(i)];
+        if (isAt(link, corner))
             return i;
-    if (first == noLink || links[static_cast<std::size_t>(first)].depth < longestChain)
+        i = link.next;
+    }
+    if (length < longestChain)
         return -1;
     auto const found = rest.find(corner);
     return found == rest.end() ? -1 : found->second;
@@ -28,10 +44,10 @@ int OBJCornerMap::find(OBJReader::VertexIndices const& corner) const
 int OBJCornerMap::insert(OBJReader::VertexIndices const& corner)
 {
     int& first = chains[static_cast<std::size_t>(corner.vertex)];
-    int const depth = first == noLink ? 0 : links[static_cast<std::size_t>(first)].depth;
     auto const ordinal = static_cast<int>(links.size());
-    links.push_back({corner, first, depth + 1});
-    if (depth < longestChain)
+    bool const isInChain = lengthOf(first) < longestChain;
+    links.push_back({corner.normal, corner.uv, corner.material, first});
+    if (isInChain)
         first = ordinal;
     else
         rest.emplace(corner, ordinal);

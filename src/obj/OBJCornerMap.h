@@ -20,12 +20,18 @@ public:
     int insert(OBJReader::VertexIndices const& corner);
 
 private:
+    // A corner but for its position, which is that of its chain. There are as many as vertices: none is
+    // larger than it has to be.
     struct Link
     {
-        OBJReader::VertexIndices corner;
-        int next;  // -1 at the end
-        int depth; // links of the chain from here
+        int normal;
+        int uv;
+        int material;
+        int next; // -1 at the end
     };
+
+    bool isAt(Link const& link, OBJReader::VertexIndices const& corner) const;
+    int lengthOf(int chain) const;
 
     std::vector<int> chains; // by position: the first link, or -1
     std::vector<Link> links; // by order of insertion

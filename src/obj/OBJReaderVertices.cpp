@@ -34,9 +34,12 @@ bool arePositionsInside(QList<int> const& indices, QList<QVector3D> const& posit
     return true;
 }
 
-// Faces to the ordinal of their material in name order. A face without one has ordinal 0, too.
+// Faces to the ordinal of their material in name order. A face without one has ordinal 0, too; the table of a
+// file without materials is empty.
 std::vector<int> makeMaterialTable(OBJReader::MaterialUsage const& usage, qsizetype faceCount)
 {
+    if (usage.empty())
+        return {};
     std::vector<int> table(static_cast<std::size_t>(faceCount), noIndex);
     int ordinal = 0;
     for (auto const& [name, faces] : usage) {
@@ -108,21 +111,21 @@ OBJReader::Error OBJReader::removeIndexedNormalsAndUvsByDuplicatingVertices(
     QList<QVector3D> newPositions;
     QList<QVector3D> newNormals;
     QList<QVector2D> newTextureCoordinates;
-    QList<int> newIndices;
     Vertices const source{positions, normals, textureCoordinates};
     Vertices target{newPositions, newNormals, newTextureCoordinates};
     target.reserve(std::max({positions.size(), normals.size(), textureCoordinates.size()}));
-    newIndices.reserve(positionIndices.size());
 
     std::vector<int> const materialOfFace = makeMaterialTable(usage, positionIndices.size() / entriesPerFace);
     OBJCornerMap map(positions.size());
-    for (qsizetype i = 0; i < positionIndices.size(); ++i) {
-        if (i % entriesPerFace == 3) {
-            newIndices.append(-1);
+    // The new indices take the places of the old ones, which nobody looks at again.
+    int* const indices = positionIndices.data();
+    qsizetype const count = positionIndices.size();
+    for (qsizetype i = 0; i < count; ++i) {
+        if (i % entriesPerFace == 3)
             continue;
-        }
-        VertexIndices const corner{positionIndices.at(i), normalIndices.at(i), textureIndices.at(i),
-                                   materialOfFace[static_cast<std::size_t>(i / entriesPerFace)]};
+        int const material =
+            materialOfFace.empty() ? 0 : materialOfFace[static_cast<std::size_t>(i / entriesPerFace)];
+        VertexIndices const corner{indices[i], normalIndices.at(i), textureIndices.at(i), material};
         if (!source.contain(corner))
             return error = InvalidVertexId;
         int index = getNewIndexForCombination(corner.vertex, corner.normal, corner.uv, corner.material, map);
@@ -130,11 +133,10 @@ OBJReader::Error OBJReader::removeIndexedNormalsAndUvsByDuplicatingVertices(
             index = map.insert(corner);
             target.append(corner, source);
         }
-        newIndices.append(index);
+        indices[i] = index;
     }
     positions = newPositions;
     normals = newNormals;
     textureCoordinates = newTextureCoordinates;
-    positionIndices = newIndices;
     return NoError;
 }
