@@ -25,11 +25,6 @@ constexpr quint64 greatestExactInteger = quint64(1) << 53;
 constexpr qsizetype mostDigits = 19;
 constexpr qsizetype mostExponentDigits = 4;
 
-bool isDigit(char c)
-{
-    return static_cast<unsigned char>(c - '0') < 10;
-}
-
 /// [+-]digits[.digits][e[+-]digits], at least one digit before or after the point.
 struct Decimal
 {
@@ -43,8 +38,12 @@ struct Decimal
 char const* readDigits(char const* next, char const* end, quint64& digits)
 {
     quint64 value = digits;
-    for (; next != end && isDigit(*next); ++next)
-        value = value * 10 + static_cast<quint64>(*next - '0');
+    for (; next != end; ++next) {
+        unsigned const digit = numbers::digitOf(*next);
+        if (digit > 9)
+            break;
+        value = value * 10 + digit;
+    }
     digits = value;
     return next;
 }

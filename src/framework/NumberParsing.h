@@ -22,6 +22,12 @@ int toInt(QAnyStringView text);
 /// only Qt knows the answer; what was taken gives the same with `toFloat`.
 bool takeFloat(char const*& next, char const* end, float& value);
 
+/// The value of a digit; more than 9 for other characters.
+inline unsigned digitOf(char c)
+{
+    return static_cast<unsigned char>(c) - static_cast<unsigned>('0');
+}
+
 /// Takes up to nine digits from the start of [next, end) and moves `next` behind them; 0 where there is none.
 /// What was taken gives the same with `toInt`.
 inline int takeDigits(char const*& next, char const* end)
@@ -29,11 +35,11 @@ inline int takeDigits(char const*& next, char const* end)
     constexpr std::ptrdiff_t mostDigits = 9;
     char const* digit = next;
     char const* const last = end - digit > mostDigits ? digit + mostDigits : end;
-    int value = 0;
-    for (; digit != last && *digit >= '0' && *digit <= '9'; ++digit)
-        value = value * 10 + (*digit - '0');
+    unsigned value = 0;
+    for (; digit != last && digitOf(*digit) <= 9; ++digit)
+        value = value * 10 + digitOf(*digit);
     next = digit;
-    return value;
+    return static_cast<int>(value);
 }
 
 } // namespace numbers

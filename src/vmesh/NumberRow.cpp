@@ -12,11 +12,6 @@ namespace {
 
 constexpr std::ptrdiff_t mostDigits = 9; // fit into 32 bits whatever they are
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 // Behind the line end at `text`, null where there is none.
 char const* behindLineEnd(char const* text)
 {
@@ -31,8 +26,8 @@ char const* readInteger(char const* text, qint32& value)
     bool const isNegative = *text == '-';
     char const* const first = text + (isNegative ? 1 : 0);
     quint32 digits = 0;
-    for (text = first; isDigit(*text); ++text)
-        digits = 10 * digits + static_cast<quint32>(*text - '0');
+    for (text = first; numbers::digitOf(*text) <= 9; ++text)
+        digits = 10 * digits + numbers::digitOf(*text);
     if (text == first || text - first > mostDigits)
         return nullptr;
     value = isNegative ? -static_cast<qint32>(digits) : static_cast<qint32>(digits);
