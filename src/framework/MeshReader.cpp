@@ -52,20 +52,24 @@ std::unique_ptr<Value[]> readArray(QDataStream& stream, qint64 count)
 {
     constexpr qint64 valuesAtOnce = 8192;
     using Stored = meshrecord::Stored<Value>;
-    std::array<char, valuesAtOnce * sizeof(Stored)> block;
-    std::unique_ptr<Value[]> values(new (std::nothrow) Value[static_cast<std::size_t>(count)]());
+    std::array<Stored, valuesAtOnce> block;
+    std::unique_ptr<Value[]> values(new (std::nothrow) Value[static_cast<std::size_t>(count)]);
+    if (!values)
+        return values;
     Value* next = values.get();
-    while (values && count > 0 && stream.status() == QDataStream::Ok) {
-        qsizetype const bytes = std::min(count, valuesAtOnce) * qsizetype(sizeof(Stored));
-        qsizetype const there = files::readFully(stream.device(), block.data(), bytes);
+    Value* const end = next + count;
+    while (next != end && stream.status() == QDataStream::Ok) {
+        qsizetype const bytes = std::min<qint64>(end - next, valuesAtOnce) * qsizetype(sizeof(Stored));
+        qsizetype const there =
+            files::readFully(stream.device(), reinterpret_cast<char*>(block.data()), bytes);
         if (there < bytes)
             stream.setStatus(QDataStream::ReadPastEnd);
         qsizetype const whole = there / qsizetype(sizeof(Stored));
-        auto const* stored = block.data();
-        for (Value* const end = next + whole; next != end; ++next, stored += sizeof(Stored))
-            *next = static_cast<Value>(qFromBigEndian<Stored>(stored));
-        count -= std::min(count, valuesAtOnce);
+        qFromBigEndian<Stored>(block.data(), whole, block.data());
+        next = std::transform(block.data(), block.data() + whole, next,
+                              [](Stored stored) { return static_cast<Value>(stored); });
     }
+    std::fill(next, end, Value());
     return values;
 }
 
