@@ -86,6 +86,8 @@ private Q_SLOTS:
         row("two libraries", "mtllib s.mtl s.mtl\n" + corners + plainFaces,
             {u"obj-several-libraries"_s, u"unused-material"_s, u"unused-material"_s},
             "line 1: names several material libraries that exist; one is read");
+        row("one library of two", QByteArray(mapped).replace("s.mtl", "s.mtl gone.mtl"),
+            {u"missing-library"_s}, "line 1: the material library \"gone.mtl\" does not exist");
         row("partly mapped", corners + mapping + plainFaces + "f 1/1 2/2 3/3\n", {u"obj-partial-mapping"_s},
             "some corners of faces have a texture coordinate and others have none");
         row("nothing", "# nothing\n", {u"obj-no-vertices"_s}, "expected vertices, found none");

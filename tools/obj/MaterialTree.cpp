@@ -182,17 +182,20 @@ private:
 };
 
 // The names of files that exist, put together from words as the library does it.
-QStringList foundNames(QString const& objPath, QStringList const& words)
+struct NamesOfLine
 {
-    QStringList names;
-    QString candidate;
+    QStringList found;
+    QString rest; // behind the last of them
+};
+
+NamesOfLine namesOfLine(QString const& objPath, QStringList const& words)
+{
+    NamesOfLine names;
     for (QString const& word : words) {
-        candidate += word;
-        if (QFileInfo::exists(pathBeside(objPath, candidate))) {
-            names << candidate;
-            candidate.clear();
-        } else {
-            candidate += u' ';
+        names.rest += names.rest.isEmpty() ? word : u' ' + word;
+        if (QFileInfo::exists(pathBeside(objPath, names.rest))) {
+            names.found << names.rest;
+            names.rest.clear();
         }
     }
     return names;
@@ -248,15 +251,15 @@ MaterialTree materialTreeOf(QString const& objPath, ObjText const& text)
 {
     MaterialTree tree;
     for (LibraryLine const& row : text.libraries) {
-        QStringList names = foundNames(objPath, row.words);
-        if (names.size() > 1 && tree.lineOfSeveral == 0)
+        NamesOfLine const names = namesOfLine(objPath, row.words);
+        if (names.found.size() > 1 && tree.lineOfSeveral == 0)
             tree.lineOfSeveral = row.line;
-        bool const isAnyFound = !names.isEmpty();
-        if (!isAnyFound)
-            names << row.words.join(u' ');
-        for (QString const& name : names)
+        for (QString const& name : names.found)
             tree.libraries.push_back(readLibrary(objPath, row.line, name, text));
-        tree.libraries.back().isSeveral = !isAnyFound && areSeveralLibraries(row.words);
+        if (names.rest.isEmpty() && !names.found.isEmpty())
+            continue;
+        tree.libraries.push_back(readLibrary(objPath, row.line, names.rest, text));
+        tree.libraries.back().isSeveral = names.found.isEmpty() && areSeveralLibraries(row.words);
     }
     addUndefined(text, tree);
     return tree;
