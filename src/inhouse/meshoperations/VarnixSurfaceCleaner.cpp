@@ -98,8 +98,8 @@ std::size_t writeBack(Soup const& soup, MergedVertices const& merged)
 }
 
 /// Half as many distinct points as triangles is the rule for closed surfaces; three for each triangle is
-/// the most there can be. Room for one and a half keeps the table sparse on the first and doubles it once
-/// on the second.
+/// the most there can be. One and a half keeps the table sparse on the first and doubles it once or twice on
+/// the second.
 std::size_t expectedPoints(Soup const& soup)
 {
     return std::min(soup.vertexCount, soup.triangleCount + soup.triangleCount / 2);

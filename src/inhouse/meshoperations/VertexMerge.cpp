@@ -16,6 +16,9 @@ namespace {
 constexpr std::size_t blockSize = 96;
 constexpr unsigned minTableBits = 6;
 constexpr unsigned maxTableBits = 32;
+/// Whose table stays in the caches, where a sparse one is quicker. A larger one is made for half of what is
+/// expected: most surfaces need no more, and the pages of the rest cost more than steps do.
+constexpr std::size_t fewPoints = std::size_t(1) << 18;
 /// Random coordinates take about one extra step a vertex, three quarters full about four.
 constexpr std::size_t stepsPerVertex = 16;
 constexpr std::size_t freeSteps = 4096;
@@ -43,7 +46,8 @@ std::uint32_t hashOf(Point const& point)
 
 PointTable::PointTable(std::size_t expected)
 {
-    std::size_t const wanted = std::bit_width(expected + expected / 3);
+    std::size_t const room = expected > fewPoints ? expected / 2 : expected;
+    std::size_t const wanted = std::bit_width(room + room / 3);
     unsigned const bits = static_cast<unsigned>(std::clamp<std::size_t>(wanted, minTableBits, maxTableBits));
     shift = 32 - bits;
     slots.resize(std::size_t(1) << bits);

@@ -32,8 +32,8 @@ std::uint32_t hashOf(Point const& point);
 /// Distinct points in order of first appearance, found through open addressing with linear probing.
 ///
 /// Slots hold the 32-bit hash and the 32-bit number of a point: eight of them share a cache line, and a
-/// point is looked at only when its whole hash agrees. The table starts with room for `expected` points at
-/// a load of three quarters and doubles beyond that.
+/// point is looked at only when its whole hash agrees. The table doubles at a load of three quarters; it
+/// starts with room for `expected` points, or where these are many for half of them.
 class PointTable
 {
 public:
