@@ -119,12 +119,12 @@ bool areFaces(std::span<int const> indices, qsizetype vertexCount)
     // A negative index is a large one without its sign.
     constexpr qsizetype most = qsizetype(std::numeric_limits<int>::max()) + 1;
     auto const end = static_cast<unsigned int>(std::min(vertexCount, most));
-    bool isOutside = false;
+    // All four at once, though what stands behind the corners does not matter.
+    std::array<unsigned int, indicesPerTriangle> isOutside = {};
     for (std::size_t i = 0; i < indices.size(); i += indicesPerTriangle)
-        isOutside |= static_cast<unsigned int>(indices[i]) >= end ||
-                     static_cast<unsigned int>(indices[i + 1]) >= end ||
-                     static_cast<unsigned int>(indices[i + 2]) >= end;
-    return !isOutside;
+        for (std::size_t corner = 0; corner < indicesPerTriangle; ++corner)
+            isOutside[corner] |= static_cast<unsigned int>(indices[i + corner]) >= end ? 1U : 0U;
+    return (isOutside[0] | isOutside[1] | isOutside[2]) == 0;
 }
 
 void putFacets(std::span<int const> indices, QVector3D const* vertices, Attributes attributes, char* target)
