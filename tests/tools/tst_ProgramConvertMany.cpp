@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -346,9 +345,7 @@ private Q_SLOTS:
                                 "scans/a.stl --to xyz %1' /dev/null </dev/null"_s;
         auto const shown = runShell(command.arg(QString()), folder->path());
         QCOMPARE(shown.exitCode, 0);
-        // The files may be done before the first line is.
-        QRegularExpression const line(u"\r\x1b\\[K\\[[#.]{20}\\] [0-2]/2  "_s);
-        QVERIFY(line.match(QString::fromUtf8(shown.standardOutput)).hasMatch());
+        QVERIFY(shown.standardOutput.contains("\r\x1b[K[....................] 0/2  0:00"));
         QVERIFY(shown.standardOutput.endsWith("\r\x1b[K"));
         for (char const* hidden : {"| cat", "2>&1 | cat", "2>/dev/null", "--quiet"}) {
             auto const outcome = runShell(command.arg(QString::fromLatin1(hidden)), folder->path());

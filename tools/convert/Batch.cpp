@@ -78,17 +78,21 @@ std::vector<BatchResult> Batch::run(Console& console)
 {
     Interrupt::Deferral const deferral;
     clock.start();
+    bool const isInteractive = console.isInteractive();
+    auto const show = [&] {
+        if (isInteractive)
+            console.status(progress().text());
+    };
+    show(); // all that is to be done, before any of it is
     QThreadPool pool;
     pool.setMaxThreadCount(options.jobs);
     for (Job& job : jobs)
         pool.start([this, &job] { work(job); });
     std::vector<BatchResult> results;
-    bool const isInteractive = console.isInteractive();
     for (Job const& job : jobs) {
-        do {
-            if (isInteractive)
-                console.status(progress().text());
-        } while (!waitFor(job));
+        do
+            show();
+        while (!waitFor(job));
         if (isInteractive)
             console.status({});
         report(job, console);
