@@ -13,11 +13,6 @@ OBJCornerMap::OBJCornerMap(qsizetype positionCount)
     links.reserve(static_cast<std::size_t>(positionCount));
 }
 
-bool OBJCornerMap::isAt(Link const& link, OBJReader::VertexIndices const& corner) const
-{
-    return link.normal == corner.normal && link.uv == corner.uv && link.material == corner.material;
-}
-
 int OBJCornerMap::lengthOf(int chain) const
 {
     int length = 0;
@@ -31,7 +26,7 @@ int OBJCornerMap::find(OBJReader::VertexIndices const& corner) const
     int length = 0;
     for (int i = chains[static_cast<std::size_t>(corner.vertex)]; i != noLink; ++length) {
         Link const& link = links[static_cast<std::size_t>(i)];
-        if (isAt(link, corner))
+        if (link.isOf(corner))
             return i;
         i = link.next;
     }

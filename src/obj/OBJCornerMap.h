@@ -28,9 +28,13 @@ private:
         int uv;
         int material;
         int next; // -1 at the end
+
+        bool isOf(OBJReader::VertexIndices const& corner) const
+        {
+            return normal == corner.normal && uv == corner.uv && material == corner.material;
+        }
     };
 
-    bool isAt(Link const& link, OBJReader::VertexIndices const& corner) const;
     int lengthOf(int chain) const;
 
     std::vector<int> chains; // by position: the first link, or -1
