@@ -152,13 +152,13 @@ std::vector<Input> inputsIn(std::vector<std::string> const& arguments, QStringLi
                 input.problemCode = "undecodable-name"_L1;
             }
             input.isOfFolder = input.isOfFolder && !named.contains(input.path);
-            if (places.contains(input.path)) {
-                Input& known = inputs[places[input.path]];
-                known.isOfFolder = known.isOfFolder || input.isOfFolder;
-                continue;
+            auto const known = places.constFind(input.path);
+            if (known == places.constEnd()) {
+                places.insert(input.path, inputs.size());
+                inputs.push_back(input);
+            } else if (input.isOfFolder) {
+                inputs[*known].isOfFolder = true;
             }
-            places.insert(input.path, inputs.size());
-            inputs.push_back(input);
         }
     }
     return inputs;
