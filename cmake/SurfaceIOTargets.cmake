@@ -25,6 +25,13 @@ function(surfaceio_compile_rules target)
   endif()
 endfunction()
 
+# surfaceio_reuse_precompiled(<target>): the headers that tests/support parses once, where it does.
+function(surfaceio_reuse_precompiled target)
+  if(TARGET surfaceio_precompiled)
+    target_precompile_headers(${target} REUSE_FROM surfaceio_precompiled)
+  endif()
+endfunction()
+
 # surfaceio_include_root(<target>): src/, the root of all includes. Where another target replaces
 # src/inhouse, its headers go by the same names and have to be found first: its folders stand in front, and
 # src/ is a system folder, because CMake makes the folders of imported targets system folders, which
