@@ -127,7 +127,7 @@ QString whyNotRegular(QString const& path)
 
 QString whyUnreadable(QString const& path)
 {
-    QString const reason = whyNotRegular(path);
+    QString reason = whyNotRegular(path);
     QFile file(path);
     if (!reason.isEmpty() || file.open(QIODevice::ReadOnly))
         return reason;
